@@ -1,0 +1,24 @@
+#include "archive/clock.h"
+
+#include <cstdlib>
+#include <ctime>
+
+namespace contavia {
+
+SystemClock::SystemClock() {
+  if (const char* value = std::getenv(kTodayVariable); value != nullptr) {
+    fixed_ = parseDate(value);
+  }
+}
+
+CalendarDate SystemClock::today() const {
+  if (fixed_) {
+    return *fixed_;
+  }
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return CalendarDate{local.tm_mday, local.tm_mon + 1, local.tm_year + 1900};
+}
+
+}  // namespace contavia

@@ -1,0 +1,165 @@
+#include "archive/disk_errors.h"
+
+#include "archive/file_layer.h"
+#include "archive/record_file.h"
+
+namespace contavia {
+namespace {
+
+struct RoutineEntry {
+  std::string message;
+  Buttons buttons;
+};
+
+bool lookup(int n, RoutineEntry& entry) {
+  switch (n) {
+    case 52:
+    case 64:
+      entry = {"Nome o numero di file non valido", Buttons::Ok};
+      return true;
+    case 53:
+      entry = {"Il file non esiste.", Buttons::Ok};
+      return true;
+    case 54:
+      entry = {"Modalità di file non valida.", Buttons::AbortRetryIgnore};
+      return true;
+    case 55:
+      entry = {"File già aperto.", Buttons::Ok};
+      return true;
+    case 57:
+      entry = {"Errore di I/O di periferica", Buttons::RetryCancel};
+      return true;
+    case 61:
+      entry = {"Disco pieno. Continuare?", Buttons::AbortRetryIgnore};
+      return true;
+    case 62:
+      entry = {std::string("Input oltre la fine del file; è stata ") +
+                   "raggiunta la fine del file e non si " + "può continuare con la lettura.",
+               Buttons::Ok};
+      return true;
+    case 68:
+      entry = {"Periferica non disponibile.", Buttons::RetryCancel};
+      return true;
+    case 71:
+      entry = {"Disco non pronto. Inserire un dischetto", Buttons::RetryCancel};
+      return true;
+    case 76:
+      entry = {"Il percorso non esiste", Buttons::Ok};
+      return true;
+    default:
+      return false;
+  }
+}
+
+Answer defaultAnswerOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::RetryCancel:
+      return Answer::Retry;
+    case Buttons::AbortRetryIgnore:
+      return Answer::Abort;
+    default:
+      return Answer::Ok;
+  }
+}
+
+// Short description of an error number for the write-failure message.
+std::string describe(int n) {
+  switch (n) {
+    case diskerr::kDiskFull:
+      return "disco pieno";
+    case diskerr::kPathNotFound:
+      return "il percorso non esiste";
+    case diskerr::kFileNotFound:
+      return "il file non esiste";
+    case diskerr::kPermissionDenied:
+    case diskerr::kPathFileAccess:
+      return "accesso negato";
+    case diskerr::kDeviceIo:
+      return "errore di I/O di periferica";
+    case diskerr::kDeviceUnavailable:
+    case diskerr::kDiskNotReady:
+      return "periferica non disponibile";
+    case diskerr::kBadFileName:
+    case diskerr::kBadFileNameOrNumber:
+      return "nome di file non valido";
+    default:
+      return "errore " + std::to_string(n);
+  }
+}
+
+struct RestartProcedure {};
+
+}  // namespace
+
+std::string diskErrorMessage(int errorNumber) {
+  RoutineEntry entry;
+  return lookup(errorNumber, entry) ? entry.message : std::string();
+}
+
+std::string unknownDiskErrorText(int errorNumber) {
+  return "si è verificato l'errore " + std::to_string(errorNumber);
+}
+
+int diskErrorRoutine(Prompter& prompter, int errorNumber) {
+  RoutineEntry entry;
+  if (!lookup(errorNumber, entry)) {
+    return kVerdictUnknown;
+  }
+  const Answer answer = prompter.show(Message{kDiskErrorTitle, entry.message, entry.buttons,
+                                              Icon::Exclamation, defaultAnswerOf(entry.buttons)});
+  switch (answer) {
+    case Answer::Retry:
+      return kVerdictRetry;
+    case Answer::Ignore:
+      return kVerdictIgnore;
+    default:
+      return kVerdictGiveUp;
+  }
+}
+
+bool GuardedSteps::step(const std::function<int()>& action) {
+  const int rc = action();
+  if (rc == diskerr::kOk) {
+    return true;
+  }
+  switch (const int verdict = diskErrorRoutine(*prompter_, rc)) {
+    case kVerdictRetry:
+      throw RestartProcedure{};
+    case kVerdictIgnore:
+      return false;
+    default:
+      throw ProcedureAbandoned{verdict};
+  }
+}
+
+bool runGuarded(Prompter& prompter, WriteJournal* journal,
+                const std::function<void(GuardedSteps&)>& procedure) {
+  for (;;) {
+    GuardedSteps steps(prompter);
+    try {
+      procedure(steps);
+      return true;
+    } catch (const RestartProcedure&) {
+      if (journal != nullptr) {
+        journal->rollback();
+      }
+    } catch (const ProcedureAbandoned& abandoned) {
+      if (journal != nullptr) {
+        journal->rollback();
+      }
+      const char* text = abandoned.verdict == kVerdictUnknown ? "Erore non riconosciuto"
+                                                               : "Errore irrecuperabile";
+      prompter.show(Message{kDiskErrorTitle, text, Buttons::Ok, Icon::Exclamation, Answer::Ok});
+      return false;
+    }
+  }
+}
+
+void reportWriteFailure(Prompter& prompter, const std::string& fileName, int errorNumber) {
+  prompter.show(Message{kDiskErrorTitle,
+                        "Impossibile scrivere il file " + fileName + " (" + describe(errorNumber) +
+                            "). L'operazione è stata annullata e i dati non sono stati modificati.",
+                        Buttons::Ok, Icon::Exclamation, Answer::Ok});
+}
+
+}  // namespace contavia

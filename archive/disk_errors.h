@@ -1,0 +1,60 @@
+#pragma once
+// The disk-error routine: an error number becomes a message under "Errore Disco" and the button
+// pressed becomes a verdict. The folder change, the closing, its undo and the backups run their
+// steps under it; the other procedures skip a failing step.
+
+#include <functional>
+#include <string>
+
+#include "archive/prompter.h"
+
+namespace contavia {
+
+class WriteJournal;
+
+inline constexpr const char* kDiskErrorTitle = "Errore Disco";
+
+// Verdicts of the routine.
+inline constexpr int kVerdictRetry = 0;
+inline constexpr int kVerdictIgnore = 1;
+inline constexpr int kVerdictGiveUp = 2;
+inline constexpr int kVerdictUnknown = 3;
+
+// The message of an error number, or empty for a number the routine does not know.
+std::string diskErrorMessage(int errorNumber);
+// The text prepared (and not shown) for a number the routine does not know.
+std::string unknownDiskErrorText(int errorNumber);
+
+// Shows the message of `errorNumber` and returns the verdict (0 retry, 1 ignore, 2 give up,
+// 3 not a known disk error: nothing shown).
+int diskErrorRoutine(Prompter& prompter, int errorNumber);
+
+// One step of a guarded procedure failed and the user chose to give up.
+struct ProcedureAbandoned {
+  int verdict = kVerdictGiveUp;
+};
+
+// The steps of a procedure that runs under the disk-error routine.
+class GuardedSteps {
+ public:
+  explicit GuardedSteps(Prompter& prompter) : prompter_(&prompter) {}
+  // Runs one step (returning a disk-error number). On an error the routine is asked: Retry
+  // starts the whole procedure again, Ignore skips this step (returns false), the others
+  // abandon the procedure.
+  bool step(const std::function<int()>& action);
+
+ private:
+  Prompter* prompter_;
+};
+
+// Runs `procedure` until it completes or is abandoned. Before a restart and after an abandon the
+// journal's writes are taken back, so an abandoned procedure leaves the files as they were; on
+// abandon "Errore irrecuperabile" or "Erore non riconosciuto" is shown. True when completed.
+bool runGuarded(Prompter& prompter, WriteJournal* journal,
+                const std::function<void(GuardedSteps&)>& procedure);
+
+// Tells the user that an operation could not write `fileName` and was taken back. Used by the
+// procedures that otherwise run without the routine, so that a full disk never goes unnoticed.
+void reportWriteFailure(Prompter& prompter, const std::string& fileName, int errorNumber);
+
+}  // namespace contavia

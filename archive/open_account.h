@@ -1,0 +1,108 @@
+#pragma once
+// The working account: its files (code + ".MOC", ".MOR", ".TOC", ".RIP", ".chi"), its movements
+// held in memory, and its two running balances in whole units.
+//
+// Two sign rules are kept on purpose: the incremental update (addToTotals) lets an "A" movement
+// lower the balances, the full recompute from the files counts "A" movements as credits. Every
+// save ends with the full recompute, so only the moments in between show the incremental rule.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "archive/clock.h"
+#include "archive/data_directory.h"
+#include "archive/records.h"
+
+namespace contavia {
+
+// The texts of status panels 1 (balance today), 4 (total balance) and 5 (available).
+struct StatusPanels {
+  std::string balanceToday;
+  std::string balanceTotal;
+  std::string available;
+  bool operator==(const StatusPanels&) const = default;
+};
+
+class OpenAccount {
+ public:
+  // `code` is the account's code as stored (trimmed here); `creditLine` its credit line text.
+  OpenAccount(const DataDirectory& dir, const Clock& clock, std::string code,
+              std::string creditLine);
+
+  // Loads count, movements, carry-forward, closing-undo and totals, then recomputes. Returns a
+  // description of any damage found (empty when the files are sound).
+  std::string load();
+
+  const std::string& code() const { return code_; }
+  std::string filePath(const char* extension) const;
+
+  const std::vector<Movement>& movements() const { return movements_; }
+  std::size_t count() const { return movements_.size(); }
+  const Movement& movement(std::size_t number) const { return movements_.at(number - 1); }
+  const CarryForward& carryForward() const { return carry_; }
+  const ClosingUndo& closingUndo() const { return undo_; }
+
+  std::int32_t balanceTotal() const { return balanceTotal_; }
+  std::int32_t balanceToday() const { return balanceToday_; }
+  const StatusPanels& panels() const { return panels_; }
+
+  const std::string& selectionFrom() const { return selectionFrom_; }
+  const std::string& selectionTo() const { return selectionTo_; }
+  void setSelection(std::string from, std::string to);
+
+  // Appends a movement as number count+1: its record, the new count in ".MOR" and the raised
+  // counter in "records.rer", all or nothing. Returns the disk-error number (0 = written);
+  // kCapacityReached when the account already holds the most movements it can.
+  int appendMovement(Movement movement);
+  // Rewrites movement `number` (its record and the copy in memory).
+  int rewriteMovement(std::size_t number, Movement movement);
+  // Replaces the movements in memory and on disk by `kept` (renumbered 1..n, written from
+  // record 1, the count last). Records past the new count stay in the file.
+  int replaceMovements(std::vector<Movement> kept);
+  // Reads count and movements from the files again.
+  void reloadMovements();
+  // Reads the carry-forward and closing-undo records again.
+  void reloadCarryForward();
+
+  // The incremental update by one movement (amount rounded half to even): "A" lowers the
+  // balances, any other sign raises them; the balance for today only when the movement is dated
+  // on or before today. Shows the panels and rewrites ".TOC". False on a 32-bit overflow
+  // (nothing changed).
+  bool addToTotals(const std::string& date, double amount, const std::string& sign);
+  // The exact reverse of addToTotals; rewrites ".TOC" but leaves the panels as they were.
+  bool removeFromTotals(const std::string& date, double amount, const std::string& sign);
+  // The full recompute from the files: credits ("A") minus debits plus the carried-forward
+  // amount, over all movements and over those up to today. Shows the panels, rewrites ".TOC".
+  void recompute();
+
+  // The latest movement date (compared by DateKey); empty without movements.
+  std::string latestDate() const;
+
+  static constexpr int kCapacityReached = -1;
+
+ private:
+  int readMovements(std::string* problem);
+  bool applyIncrement(const std::string& date, double amount, const std::string& sign,
+                      bool reverse, bool showPanels);
+  void writeTotals(double today, double total);
+
+  const DataDirectory* dir_;
+  const Clock* clock_;
+  std::string code_;
+  std::string creditLine_;
+  std::vector<Movement> movements_;
+  CarryForward carry_;
+  ClosingUndo undo_;
+  std::int32_t balanceTotal_ = 0;
+  std::int32_t balanceToday_ = 0;
+  StatusPanels panels_;
+  std::string selectionFrom_;
+  std::string selectionTo_;
+};
+
+// The panel texts of two balances and a credit line: "###,###,##0.00" of the balance for today,
+// of the total balance, and of today's balance plus the credit line read as a number.
+StatusPanels statusPanelsOf(double today, double total, const std::string& creditLine);
+
+}  // namespace contavia

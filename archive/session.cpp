@@ -1,0 +1,127 @@
+#include "archive/session.h"
+
+#include "archive/disk_errors.h"
+#include "archive/record_file.h"
+#include "archive/tables.h"
+#include "archive/text.h"
+
+namespace contavia {
+
+std::string accountItem(const Account& account) {
+  return padRight(trim(account.accountCode), 10) + " " + padRight(account.accountName, 45);
+}
+
+std::vector<std::string> accountItems(const std::vector<Account>& accounts) {
+  std::vector<std::string> items;
+  items.reserve(accounts.size());
+  for (const Account& a : accounts) {
+    items.push_back(accountItem(a));
+  }
+  return items;
+}
+
+std::optional<std::size_t> findAccountByItem(const std::vector<Account>& accounts,
+                                             std::string_view item) {
+  return findAccountByCode(accounts, leftChars(item, 10));
+}
+
+std::optional<std::size_t> findAccountByCode(const std::vector<Account>& accounts,
+                                             std::string_view code) {
+  const std::string wanted = trim(code);
+  for (std::size_t i = 0; i < accounts.size(); ++i) {
+    if (trim(accounts[i].accountCode) == wanted) {
+      return i;
+    }
+  }
+  return std::nullopt;
+}
+
+Session::Session(FileLayer& files, Prompter& prompter, const Clock& clock, std::string folder)
+    : dir_(files, std::move(folder)), prompter_(&prompter), clock_(&clock) {}
+
+void Session::showProblem(const std::string& problem) {
+  if (!problem.empty()) {
+    prompter_->show(errorBox(problem));
+  }
+}
+
+void Session::start() {
+  dir_.ensureExists();
+  readCount(files(), dir_.path(filename::kMovementCounter), tables_.movementCounter);
+  auto accounts = loadTable<Account>(dir_, kAccountTable);
+  tables_.accounts = std::move(accounts.records);
+  showProblem(accounts.problem);
+  reloadCausali();
+  reloadCategories();
+}
+
+void Session::reloadCausali() {
+  auto causali = loadTable<Causale>(dir_, kCausaleTable);
+  tables_.causali = std::move(causali.records);
+  showProblem(causali.problem);
+}
+
+void Session::reloadCategories() {
+  auto categories = loadTable<Category>(dir_, kCategoryTable);
+  tables_.categories = std::move(categories.records);
+  showProblem(categories.problem);
+}
+
+bool Session::changeFolder(const std::string& folder) {
+  closeAccount();
+  const std::string previous = dir_.folder();
+  DataDirectory candidate(files(), folder);
+  std::vector<Account> accounts;
+  std::string problem;
+  const bool done = runGuarded(*prompter_, nullptr, [&](GuardedSteps& steps) {
+    std::int16_t count = 0;
+    steps.step([&] { return readCount(files(), candidate.path(filename::kAccountsCount), count); });
+    LoadedTable<Account> loaded;
+    steps.step([&] {
+      // The table is opened (and created when missing) before it is read.
+      std::vector<std::uint8_t> probe;
+      const int rc = files().read(candidate.path(filename::kAccounts), 0, 0, probe, true);
+      if (rc == diskerr::kOk) {
+        loaded = loadTable<Account>(candidate, kAccountTable);
+      }
+      return rc;
+    });
+    accounts = std::move(loaded.records);
+    problem = loaded.problem;
+  });
+  if (!done) {
+    dir_.setFolder(previous);
+    return false;
+  }
+  dir_.setFolder(candidate.folder());
+  tables_.accounts = std::move(accounts);
+  showProblem(problem);
+  return true;
+}
+
+void Session::openAccount(std::size_t index) {
+  closeAccount();
+  const Account& record = tables_.accounts.at(index);
+  account_ = std::make_unique<OpenAccount>(dir_, *clock_, record.accountCode, record.creditLine);
+  accountIndex_ = index;
+  showProblem(account_->load());
+}
+
+bool Session::openAccountByCode(std::string_view code) {
+  const auto index = findAccountByCode(tables_.accounts, code);
+  if (!index) {
+    prompter_->show(errorBox("Conto " + trim(code) + " non presente in archivio."));
+    return false;
+  }
+  openAccount(*index);
+  return true;
+}
+
+void Session::closeAccount() {
+  account_.reset();
+  accountIndex_.reset();
+}
+
+std::string Session::currentAccountCode() const { return account_ ? account_->code() : ""; }
+
+}  // namespace contavia

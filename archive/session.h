@@ -1,0 +1,90 @@
+#pragma once
+// The state the whole program shares: the DataDirectory, the master tables loaded at start-up,
+// the movement counter and the working account. The desktop program and the command line each
+// hold one Session and pass it to the operations of the core.
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "archive/clock.h"
+#include "archive/data_directory.h"
+#include "archive/open_account.h"
+#include "archive/prompter.h"
+#include "archive/records.h"
+
+namespace contavia {
+
+struct MasterTables {
+  std::vector<Account> accounts;
+  std::vector<Causale> causali;
+  std::vector<Category> categories;
+  std::int16_t movementCounter = 0;
+};
+
+// The item of an account in the account selectors: the trimmed code padded to 10 characters, a
+// blank, and the name in its full width of 45 characters.
+std::string accountItem(const Account& account);
+std::vector<std::string> accountItems(const std::vector<Account>& accounts);
+// The first account whose code matches the first 10 characters of an item (blanks ignored at
+// both ends); nullopt when none does.
+std::optional<std::size_t> findAccountByItem(const std::vector<Account>& accounts,
+                                             std::string_view item);
+// The first account whose code, trimmed, equals `code` trimmed.
+std::optional<std::size_t> findAccountByCode(const std::vector<Account>& accounts,
+                                             std::string_view code);
+
+class Session {
+ public:
+  Session(FileLayer& files, Prompter& prompter, const Clock& clock, std::string folder);
+
+  DataDirectory& dir() { return dir_; }
+  const DataDirectory& dir() const { return dir_; }
+  FileLayer& files() { return dir_.files(); }
+  Prompter& prompter() { return *prompter_; }
+  const Clock& clock() const { return *clock_; }
+  MasterTables& tables() { return tables_; }
+  const MasterTables& tables() const { return tables_; }
+
+  // Start-up: creates the DataDirectory when missing (one level), reads the counts, the
+  // movement counter, the accounts, causali and categories. Damage found is shown.
+  void start();
+  // Reloads the causali (screens that need them fresh read them again).
+  void reloadCausali();
+  void reloadCategories();
+
+  // Changes the DataDirectory for the rest of the run and reloads the accounts, under the
+  // disk-error routine. When the reload is given up the previous folder stays. True when the
+  // folder was changed.
+  bool changeFolder(const std::string& folder);
+
+  // The working account, or null when none is open.
+  OpenAccount* account() { return account_.get(); }
+  const OpenAccount* account() const { return account_.get(); }
+  // Index (0-based) in the account table of the working account.
+  std::optional<std::size_t> accountIndex() const { return accountIndex_; }
+  // Opens account `index` (0-based) as the working account; damage found is shown.
+  void openAccount(std::size_t index);
+  // Opens the account whose code (trimmed) equals `code`, as a choice in the account selector;
+  // shows a message and returns false when there is none.
+  bool openAccountByCode(std::string_view code);
+  // Closes the working account (the code becomes blank, the account-open flag 0).
+  void closeAccount();
+  // The working account's code, trimmed; blank when none is open.
+  std::string currentAccountCode() const;
+
+ private:
+  void showProblem(const std::string& problem);
+
+  DataDirectory dir_;
+  Prompter* prompter_;
+  const Clock* clock_;
+  MasterTables tables_;
+  std::unique_ptr<OpenAccount> account_;
+  std::optional<std::size_t> accountIndex_;
+};
+
+}  // namespace contavia

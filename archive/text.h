@@ -1,0 +1,43 @@
+#pragma once
+// Text helpers. Text inside the program is UTF-8; widths are counted in characters (code points),
+// never in bytes, so that columns of accented text ("Società", "Perù") stay aligned.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace contavia {
+
+// Number of characters (code points) of a UTF-8 text.
+std::size_t charCount(std::string_view text);
+
+// The first `count` characters of `text`.
+std::string leftChars(std::string_view text, std::size_t count);
+// The last `count` characters of `text`.
+std::string rightChars(std::string_view text, std::size_t count);
+// `count` characters starting at character `start` (0-based), as VB's Mid.
+std::string midChars(std::string_view text, std::size_t start, std::size_t count);
+
+// Blanks on the right up to `width` characters; a longer text is cut to `width`.
+std::string padRight(std::string_view text, std::size_t width);
+// Blanks on the left up to `width` characters; a longer text is left as it is.
+std::string padLeft(std::string_view text, std::size_t width);
+// Blanks on the right up to `width`; a longer text is left as it is.
+std::string padRightNoCut(std::string_view text, std::size_t width);
+
+std::string trimRight(std::string_view text);
+std::string trimLeft(std::string_view text);
+std::string trim(std::string_view text);
+
+// Windows-1252 bytes to UTF-8. NUL bytes (fields the program never assigned) read as blanks.
+std::string decodeWindows1252(const std::uint8_t* bytes, std::size_t size);
+// UTF-8 to Windows-1252: cut to `width` characters, padded with blanks; a character with no
+// Windows-1252 byte becomes '?'. Invalid UTF-8 bytes are taken as Windows-1252 bytes.
+void encodeWindows1252(std::string_view text, std::uint8_t* out, std::size_t width);
+
+// Upper case for ASCII letters only (file names are compared this way).
+std::string asciiUpper(std::string_view text);
+bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b);
+
+}  // namespace contavia

@@ -1,0 +1,109 @@
+#include "ledger/dates.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+#include "archive/prompter.h"
+#include "archive/text.h"
+#include "ledger/vb.h"
+
+namespace contavia {
+namespace {
+
+constexpr std::array<int, 12> kDaysBeforeMonth = {0,   31,  59,  90,  120, 151,
+                                                  181, 212, 243, 273, 304, 334};
+
+// Val of a text, held to the range where a single-precision key stays meaningful.
+double boundedVal(std::string_view text) {
+  const double v = val(text);
+  return std::isfinite(v) ? std::clamp(v, -1.0e6, 1.0e6) : 0.0;
+}
+
+}  // namespace
+
+bool isLeapYear(int year) {
+  if (year % 4 != 0) {
+    return false;
+  }
+  if (year % 100 == 0 && year % 400 != 0) {
+    return false;
+  }
+  return true;
+}
+
+std::int32_t dateKey(std::string_view dateText) {
+  const double day = boundedVal(leftChars(dateText, 2));
+  const bool separated = midChars(dateText, 2, 1) == "/";
+  const double month = boundedVal(midChars(dateText, separated ? 3 : 2, 2));
+  const double year = boundedVal(rightChars(dateText, 4));
+
+  float before = 0.0F;
+  const int monthIndex = static_cast<int>(month);
+  if (month == monthIndex && monthIndex >= 1 && monthIndex <= 12) {
+    before = static_cast<float>(kDaysBeforeMonth[monthIndex - 1]);
+    const int wholeYear = static_cast<int>(year);
+    if (monthIndex >= 3 && isLeapYear(wholeYear)) {
+      before += 1.0F;
+    }
+  }
+  const float key = 366.0F * static_cast<float>(year) + before + static_cast<float>(day);
+  return static_cast<std::int32_t>(std::nearbyint(key));
+}
+
+bool isValidDate(int day, int month, int year) {
+  if (month < 1 || month > 12) {
+    return false;
+  }
+  if (day > 30 && (month == 4 || month == 6 || month == 9 || month == 11)) {
+    return false;
+  }
+  if (month == 2 && day > (isLeapYear(year) ? 29 : 28)) {
+    return false;
+  }
+  return day <= 31;
+}
+
+void validateDate(int day, int month, int year, bool& ok, Prompter& prompter) {
+  if (!isValidDate(day, month, year)) {
+    prompter.show(Message{"Errore", kWrongDateText, Buttons::Ok, Icon::Exclamation, Answer::Ok});
+    ok = false;
+  }
+}
+
+std::string formatDateDmy(const CalendarDate& date) {
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%02d/%02d/%04d", date.day, date.month, date.year);
+  return buf;
+}
+
+std::string formatDateDashed(const CalendarDate& date) {
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%02d-%02d-%04d", date.day, date.month, date.year);
+  return buf;
+}
+
+std::optional<CalendarDate> parseDate(std::string_view text) {
+  if (text.size() != 10 || text[2] != '/' || text[5] != '/') {
+    return std::nullopt;
+  }
+  auto number = [&](std::size_t from, std::size_t len) {
+    int value = 0;
+    for (std::size_t i = from; i < from + len; ++i) {
+      if (text[i] < '0' || text[i] > '9') {
+        return -1;
+      }
+      value = value * 10 + (text[i] - '0');
+    }
+    return value;
+  };
+  const CalendarDate date{number(0, 2), number(3, 2), number(6, 4)};
+  if (date.day < 1 || date.month < 1 || date.year < 1 || !isValidDate(date.day, date.month, date.year)) {
+    return std::nullopt;
+  }
+  return date;
+}
+
+}  // namespace contavia

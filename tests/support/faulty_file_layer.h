@@ -1,0 +1,50 @@
+#pragma once
+// A file layer over the real one that fails on purpose: the Nth write, every write from the Nth
+// on, or every operation on a file whose name contains a given text.
+
+#include <optional>
+#include <string>
+
+#include "archive/file_layer.h"
+
+namespace contavia::test {
+
+class FaultyFileLayer final : public FileLayer {
+ public:
+  // The `n`-th write from now (1 = the next one) fails with `error`; with `sticky` every later
+  // write fails too (a full disk stays full). With `partialBytes` the failing write still puts
+  // that many bytes on disk first, as a disk that fills up in the middle of a record.
+  void failWrite(int n, int error, bool sticky = false, std::size_t partialBytes = 0);
+  // Every operation on a path containing `text` fails with `error`.
+  void failPath(std::string text, int error);
+  void heal();
+
+  int writes = 0;  // writes attempted so far
+
+  int read(const std::string& path, std::uint64_t offset, std::size_t size,
+           std::vector<std::uint8_t>& out, bool createIfMissing) override;
+  int write(const std::string& path, std::uint64_t offset, const std::uint8_t* data,
+            std::size_t size) override;
+  int size(const std::string& path, std::uint64_t& out) override;
+  int truncate(const std::string& path, std::uint64_t size) override;
+  int remove(const std::string& path) override;
+  int copy(const std::string& from, const std::string& to) override;
+  int list(const std::string& folder, std::vector<std::string>& names) override;
+  int makeDirectory(const std::string& path) override;
+  bool isDirectory(const std::string& path) override;
+  bool exists(const std::string& path) override;
+
+ private:
+  int pathFault(const std::string& path) const;
+  bool writeFails();
+
+  OsFileLayer real_;
+  std::optional<int> failAt_;
+  int writeError_ = 0;
+  bool sticky_ = false;
+  std::size_t partialBytes_ = 0;
+  std::string failingPath_;
+  int pathError_ = 0;
+};
+
+}  // namespace contavia::test

@@ -1,0 +1,49 @@
+// contavia: the desktop program.
+
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+
+#include "archive/clock.h"
+#include "archive/data_directory.h"
+#include "archive/file_layer.h"
+#include "archive/session.h"
+#include "ui/main_window.h"
+#include "ui/message_box_prompter.h"
+
+namespace {
+
+// Qt aborts when it cannot reach a display; say so plainly instead.
+bool displayAvailable() {
+  const char* platform = std::getenv("QT_QPA_PLATFORM");
+  if (platform != nullptr && *platform != '\0') {
+    return true;
+  }
+  const char* x11 = std::getenv("DISPLAY");
+  const char* wayland = std::getenv("WAYLAND_DISPLAY");
+  return (x11 != nullptr && *x11 != '\0') || (wayland != nullptr && *wayland != '\0');
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (!displayAvailable()) {
+    std::fprintf(stderr,
+                 "contavia: nessuno schermo disponibile (la variabile DISPLAY non è impostata).\n"
+                 "Avviare il programma da una sessione grafica, oppure usare contavia-cli.\n");
+    return 1;
+  }
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("Contavia");
+
+  contavia::OsFileLayer files;
+  contavia::SystemClock clock;
+  contavia::ui::MessageBoxPrompter prompter;
+  contavia::Session session(files, prompter, clock, contavia::DataDirectory::defaultFolder());
+  session.start();
+
+  contavia::ui::MainWindow window(session);
+  prompter.setParent(&window);
+  window.show();
+  return QApplication::exec();
+}
