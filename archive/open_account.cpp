@@ -189,7 +189,7 @@ bool OpenAccount::applyIncrement(const std::string& date, double amount, const s
   balanceTotal_ = static_cast<std::int32_t>(total);
   balanceToday_ = static_cast<std::int32_t>(today);
   if (showPanels) {
-    panels_ = statusPanelsOf(balanceToday_, balanceTotal_, creditLine_);
+    show(balanceToday_, balanceTotal_);
   }
   writeTotals(balanceToday_, balanceTotal_);
   return true;
@@ -225,8 +225,14 @@ void OpenAccount::recompute() {
   const double today = creditsToday - debitsToday + carry_.carryAmount;
   balanceTotal_ = roundedOrZero(total);
   balanceToday_ = roundedOrZero(today);
-  panels_ = statusPanelsOf(today, total, creditLine_);
+  show(today, total);
   writeTotals(today, total);
+}
+
+void OpenAccount::show(double today, double total) {
+  shownToday_ = today;
+  shownTotal_ = total;
+  panels_ = statusPanelsOf(today, total, creditLine_);
 }
 
 void OpenAccount::writeTotals(double today, double total) {

@@ -46,6 +46,9 @@ class OpenAccount {
   std::int32_t balanceTotal() const { return balanceTotal_; }
   std::int32_t balanceToday() const { return balanceToday_; }
   const StatusPanels& panels() const { return panels_; }
+  // The two balances as the panels last showed them (exact after a recompute).
+  double shownBalanceToday() const { return shownToday_; }
+  double shownBalanceTotal() const { return shownTotal_; }
 
   const std::string& selectionFrom() const { return selectionFrom_; }
   const std::string& selectionTo() const { return selectionTo_; }
@@ -83,6 +86,7 @@ class OpenAccount {
 
  private:
   int readMovements(std::string* problem);
+  void show(double today, double total);
   bool applyIncrement(const std::string& date, double amount, const std::string& sign,
                       bool reverse, bool showPanels);
   void writeTotals(double today, double total);
@@ -97,6 +101,8 @@ class OpenAccount {
   std::int32_t balanceTotal_ = 0;
   std::int32_t balanceToday_ = 0;
   StatusPanels panels_;
+  double shownToday_ = 0.0;
+  double shownTotal_ = 0.0;
   std::string selectionFrom_;
   std::string selectionTo_;
 };
