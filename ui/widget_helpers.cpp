@@ -1,0 +1,137 @@
+#include "ui/widget_helpers.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+
+#include "archive/prompter.h"
+
+namespace contavia::ui {
+namespace {
+
+// Moves the focus on as a Tab key would (the program sends a Tab for Enter).
+void moveFocusOn(QWidget* widget) {
+  QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+  QCoreApplication::sendEvent(widget, &tab);
+}
+
+bool isEnter(const QKeyEvent* key) {
+  return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+}
+
+class EnterToTab : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress && isEnter(static_cast<QKeyEvent*>(event))) {
+      if (auto* w = qobject_cast<QWidget*>(watched)) {
+        moveFocusOn(w);
+        return true;
+      }
+    }
+    return QObject::eventFilter(watched, event);
+  }
+};
+
+// The character code a key press stands for, as the key rules see it (0 for keys that carry
+// no character, such as the arrows, which are left alone).
+char keyCode(const QKeyEvent* key) {
+  if (isEnter(key)) {
+    return kKeyEnter;
+  }
+  if (key->key() == Qt::Key_Backspace) {
+    return kKeyBackspace;
+  }
+  const QString text = key->text();
+  if (text.size() != 1 || key->modifiers().testFlag(Qt::ControlModifier)) {
+    return 0;
+  }
+  const QChar c = text.front();
+  if (c.unicode() > 0x7E) {
+    return '\x7F';  // any other character: never one the rules let through
+  }
+  return static_cast<char>(c.unicode());
+}
+
+class KeyRuleFilter : public QObject {
+ public:
+  KeyRuleFilter(QWidget* field, KeyRule rule, Prompter& prompter)
+      : QObject(field), field_(field), rule_(std::move(rule)), prompter_(&prompter) {}
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) {
+      return QObject::eventFilter(watched, event);
+    }
+    auto* key = static_cast<QKeyEvent*>(event);
+    const char code = keyCode(key);
+    if (code == 0) {
+      return false;
+    }
+    const KeyVerdict verdict = rule_(field_->property("text").toString(), code);
+    switch (verdict.kind) {
+      case KeyVerdict::Accept:
+        return code == kKeyEnter;  // Enter itself never reaches the field
+      case KeyVerdict::Replace:
+        if (auto* edit = qobject_cast<QLineEdit*>(field_)) {
+          edit->insert(QString(QChar(verdict.replacement)));
+        }
+        return true;
+      case KeyVerdict::MoveFocus:
+        moveFocusOn(field_);
+        return true;
+      case KeyVerdict::Refuse:
+        prompter_->beep();
+        return true;
+    }
+    return false;
+  }
+
+ private:
+  QWidget* field_;
+  KeyRule rule_;
+  Prompter* prompter_;
+};
+
+class EnterClicks : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress && isEnter(static_cast<QKeyEvent*>(event))) {
+      if (auto* button = qobject_cast<QAbstractButton*>(watched)) {
+        button->click();
+        return true;
+      }
+    }
+    return QObject::eventFilter(watched, event);
+  }
+};
+
+}  // namespace
+
+QFont fixedPitchFont(int pointSize) {
+  QFont font("Courier New", pointSize);
+  font.setFixedPitch(true);
+  return font;
+}
+
+void enterMovesFocus(QWidget* field) { field->installEventFilter(new EnterToTab(field)); }
+
+void applyKeyRule(QWidget* field, KeyRule rule, Prompter& prompter) {
+  field->installEventFilter(new KeyRuleFilter(field, std::move(rule), prompter));
+}
+
+void enterClicks(QAbstractButton* button) { button->installEventFilter(new EnterClicks(button)); }
+
+void ClickableLabel::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  emit clicked();
+}
+
+}  // namespace contavia::ui

@@ -1,0 +1,57 @@
+#pragma once
+// Small pieces every window shares: control names, the fixed-pitch font, Enter as Tab, and the
+// key rules of the entry fields applied to a line edit.
+
+#include <QFont>
+#include <QLabel>
+#include <QObject>
+#include <functional>
+
+#include "ledger/key_filters.h"
+
+class QAbstractButton;
+class QLineEdit;
+class QWidget;
+
+namespace contavia {
+class Prompter;
+}
+
+namespace contavia::ui {
+
+// Gives a widget its control name (objectName) and the same accessible name.
+template <class W>
+W* named(W* widget, const QString& controlName) {
+  widget->setObjectName(controlName);
+  widget->setAccessibleName(controlName);
+  return widget;
+}
+
+// The fixed-pitch font of lists and reports ("Courier New", or its metric twin).
+QFont fixedPitchFont(int pointSize = 10);
+
+// Moves the focus to the next control when Enter is pressed in a line edit.
+void enterMovesFocus(QWidget* field);
+
+// Applies a key rule to a field (a line edit or a date box): keys are let through, changed,
+// refused with the beep, or turned into a move to the next control, as the rule says.
+using KeyRule = std::function<KeyVerdict(const QString& currentText, char key)>;
+void applyKeyRule(QWidget* field, KeyRule rule, Prompter& prompter);
+
+// Enter on a button presses it, as Space does.
+void enterClicks(QAbstractButton* button);
+
+// A label that reports clicks and does not pass them to the widget below.
+class ClickableLabel : public QLabel {
+  Q_OBJECT
+ public:
+  using QLabel::QLabel;
+
+ signals:
+  void clicked();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+};
+
+}  // namespace contavia::ui
