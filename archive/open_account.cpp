@@ -25,7 +25,7 @@ StatusPanels statusPanelsOf(double today, double total, const std::string& credi
                       formatNumber(today + val(creditLine), kTotalsMask)};
 }
 
-OpenAccount::OpenAccount(const DataDirectory& dir, const Clock& clock, std::string code,
+OpenAccount::OpenAccount(const DataDirectory& dir, const Clock& clock, const std::string& code,
                          std::string creditLine)
     : dir_(&dir), clock_(&clock), code_(trim(code)), creditLine_(std::move(creditLine)) {}
 

@@ -27,7 +27,7 @@ struct StatusPanels {
 class OpenAccount {
  public:
   // `code` is the account's code as stored (trimmed here); `creditLine` its credit line text.
-  OpenAccount(const DataDirectory& dir, const Clock& clock, std::string code,
+  OpenAccount(const DataDirectory& dir, const Clock& clock, const std::string& code,
               std::string creditLine);
 
   // Loads count, movements, carry-forward, closing-undo and totals, then recomputes. Returns a

@@ -229,7 +229,11 @@ int OsFileLayer::list(const std::string& folder, std::vector<std::string>& names
       continue;
     }
     struct stat st {};
-    const std::string full = folder + (folder.ends_with('/') ? "" : "/") + name;
+    std::string full = folder;
+    if (!full.ends_with('/')) {
+      full += '/';
+    }
+    full += name;
     if (::stat(full.c_str(), &st) == 0 && S_ISREG(st.st_mode)) {
       names.push_back(name);
     }
