@@ -1,0 +1,77 @@
+#include "masterdata/causali_screen.h"
+
+#include "masterdata/causale_usage.h"
+#include "masterdata/code_rules.h"
+
+namespace contavia {
+namespace {
+
+constexpr const char* kCode = "CodCausale";
+constexpr const char* kDescription = "DescCausale";
+constexpr const char* kSign = "DarAver";  // "A" (option 0) or "D" (option 1); empty: neither
+
+constexpr CodeRules kRules{kCode, kDescription, "Nr di causale già presente",
+                           /*beepWhenMissing=*/true, /*emptyCodeWhenMissing=*/true};
+
+}  // namespace
+
+// A delete writes the compacted table to "causali.con"/"Reccausali.con" and reads it back from
+// there; "Causali.CAP" keeps the deleted causale, which is listed again at the next opening.
+CausaliScreen::CausaliScreen(Session& session)
+    : TableScreen(session, {{kCode, 5}, {kDescription, 25}, {kSign, 1, "AD", /*keptOnClear=*/true}},
+                  Setup{kCausaleTable,
+                        {filename::kCausaliAfterDelete, filename::kCausaliAfterDeleteCount},
+                        "causali",
+                        /*keepsChangedRecord=*/true}) {
+  open();
+}
+
+std::string CausaliScreen::row(const Causale& r) const {
+  return padRight(r.causaleCode, 5) + " " + padRight(r.causaleDescription, 25) + " " +
+         padRight(r.sign, 1);
+}
+
+bool CausaliScreen::rowNames(const Causale& r, std::string_view chosen) const {
+  return trimRight(r.causaleCode) == trimRight(leftChars(chosen, 5));
+}
+
+void CausaliScreen::show(const Causale& r) {
+  put(kCode, trimRight(r.causaleCode));
+  put(kDescription, trimRight(r.causaleDescription));
+  if (r.sign == "A" || r.sign == "D") {
+    put(kSign, r.sign);
+  }
+}
+
+void CausaliScreen::fill(Causale& r) const {
+  r.causaleCode = field(kCode);
+  r.causaleDescription = field(kDescription);
+  if (!field(kSign).empty()) {
+    r.sign = field(kSign);
+  }
+  r.causaleFlag = "N";
+}
+
+bool CausaliScreen::accepts(bool changing) {
+  return acceptsCodeAndDescription(*this, session().prompter(), kRules, table(),
+                                   &Causale::causaleCode, changing);
+}
+
+bool CausaliScreen::mayRemove(const Causale& r) {
+  static const std::vector<Movement> kNoMovements;
+  const OpenAccount* working = session().account();
+  const std::int64_t uses =
+      countCausaleUses(session().dir(), session().tables().accounts,
+                       working != nullptr ? working->movements() : kNoMovements, r.causaleCode);
+  return notInUse(session().prompter(), uses, "La causale che vuoi eliminare è presente in ",
+                  " movimenti, pertanto, non è possibile la sua eliminazione.");
+}
+
+Message CausaliScreen::removeQuestion() const {
+  return warningQuestion(std::string("Attenzione la causale selezionata verrà cancellata") +
+                         kDeleteQuestionEnd);
+}
+
+void CausaliScreen::publish() { session().tables().causali = table(); }
+
+}  // namespace contavia

@@ -1,0 +1,25 @@
+#pragma once
+// The causali window (Form6): `ElencoCausali`, `CodCausale`, `DescCausale`, the sign options
+// `DarAver` ("A" option 0, "D" option 1) and "ok", "pulisci", "del", "esci".
+
+#include "masterdata/table_screen.h"
+
+namespace contavia {
+
+class CausaliScreen final : public TableScreen<Causale> {
+ public:
+  // Opening: the causali are read from "Causali.CAP" and become the program's causali.
+  explicit CausaliScreen(Session& session);
+
+ private:
+  std::string row(const Causale& r) const override;
+  bool rowNames(const Causale& r, std::string_view chosen) const override;
+  void show(const Causale& r) override;
+  void fill(Causale& r) const override;
+  bool accepts(bool changing) override;
+  bool mayRemove(const Causale& r) override;
+  Message removeQuestion() const override;
+  void publish() override;
+};
+
+}  // namespace contavia
