@@ -1,0 +1,232 @@
+// Disk errors: the routine's messages, buttons and verdicts, the guarded procedures, and faults
+// injected under the writes of the archive, which must leave every file as it was.
+
+#include "archive/disk_errors.h"
+
+#include <filesystem>
+
+#include "archive/open_account.h"
+#include "archive/record_file.h"
+#include "tests/support/archive_fixture.h"
+
+namespace contavia {
+namespace {
+
+using test::Bytes;
+
+constexpr const char* kFullDisk = "Disco pieno. Continuare?";
+
+struct RoutineCase {
+  int number;
+  const char* text;
+  Buttons buttons;
+  Answer pressed;
+  int verdict;
+};
+
+TEST(DiskErrorRoutine, MessagesButtonsAndVerdicts) {
+  const std::string pastEnd =
+      "Input oltre la fine del file; è stata raggiunta la fine del file e non si può continuare "
+      "con la lettura.";
+  const std::vector<RoutineCase> cases = {
+      {52, "Nome o numero di file non valido", Buttons::Ok, Answer::Ok, kVerdictGiveUp},
+      {64, "Nome o numero di file non valido", Buttons::Ok, Answer::Ok, kVerdictGiveUp},
+      {53, "Il file non esiste.", Buttons::Ok, Answer::Ok, kVerdictGiveUp},
+      {54, "Modalità di file non valida.", Buttons::AbortRetryIgnore, Answer::Retry, kVerdictRetry},
+      {55, "File già aperto.", Buttons::Ok, Answer::Ok, kVerdictGiveUp},
+      {57, "Errore di I/O di periferica", Buttons::RetryCancel, Answer::Retry, kVerdictRetry},
+      {57, "Errore di I/O di periferica", Buttons::RetryCancel, Answer::Cancel, kVerdictGiveUp},
+      {61, kFullDisk, Buttons::AbortRetryIgnore, Answer::Ignore, kVerdictIgnore},
+      {61, kFullDisk, Buttons::AbortRetryIgnore, Answer::Abort, kVerdictGiveUp},
+      {62, pastEnd.c_str(), Buttons::Ok, Answer::Ok, kVerdictGiveUp},
+      {68, "Periferica non disponibile.", Buttons::RetryCancel, Answer::Cancel, kVerdictGiveUp},
+      {71, "Disco non pronto. Inserire un dischetto", Buttons::RetryCancel, Answer::Retry,
+       kVerdictRetry},
+      {76, "Il percorso non esiste", Buttons::Ok, Answer::Ok, kVerdictGiveUp},
+  };
+  for (const RoutineCase& c : cases) {
+    test::ScriptedPrompter prompter;
+    prompter.answer({c.pressed});
+    EXPECT_EQ(diskErrorRoutine(prompter, c.number), c.verdict) << c.number;
+    ASSERT_EQ(prompter.messages.size(), 1U) << c.number;
+    const Message& shown = prompter.messages[0];
+    EXPECT_EQ(shown.title, "Errore Disco");
+    EXPECT_EQ(shown.text, c.text);
+    EXPECT_EQ(shown.buttons, c.buttons) << c.number;
+    EXPECT_EQ(shown.icon, Icon::Exclamation);
+  }
+  for (int unknown : {0, 58, 70, 75, 999}) {
+    test::ScriptedPrompter prompter;
+    EXPECT_EQ(diskErrorRoutine(prompter, unknown), kVerdictUnknown) << unknown;
+    EXPECT_TRUE(prompter.messages.empty()) << unknown;
+  }
+  EXPECT_EQ(unknownDiskErrorText(70), "si è verificato l'errore 70");
+}
+
+// A guarded procedure of three steps writing one file; the second step fails as scripted.
+class GuardedProcedureTest : public test::ArchiveTest {
+ protected:
+  void SetUp() override { folder.write("A.dat", {1, 1, 1}); }
+
+  bool run(std::vector<int> secondStepErrors) {
+    return runGuarded(prompter, &journal, [&](GuardedSteps& steps) {
+      ++starts;
+      steps.step([&] { return journal.write(folder.file("A.dat"), 0, {2, 2}); });
+      const int rc = secondStepErrors.empty() ? 0 : secondStepErrors.front();
+      if (!secondStepErrors.empty()) {
+        secondStepErrors.erase(secondStepErrors.begin());
+      }
+      secondStepDone = steps.step([&] { return rc; });
+      steps.step([&] { return journal.write(folder.file("B.dat"), 0, {3}); });
+    });
+  }
+
+  WriteJournal journal{files};
+  int starts = 0;
+  bool secondStepDone = false;
+};
+
+TEST_F(GuardedProcedureTest, RetryTakesBackTheWritesAndStartsAgain) {
+  prompter.answer({Answer::Retry, Answer::Retry});
+  EXPECT_TRUE(run({61, 57}));
+  EXPECT_EQ(starts, 3);
+  EXPECT_TRUE(secondStepDone);
+  EXPECT_EQ(prompter.texts(), (std::vector<std::string>{kFullDisk, "Errore di I/O di periferica"}));
+  EXPECT_EQ(folder.read("A.dat"), (Bytes{2, 2, 1}));
+  EXPECT_EQ(folder.read("B.dat"), (Bytes{3}));
+}
+
+TEST_F(GuardedProcedureTest, IgnoreSkipsTheFailingStep) {
+  prompter.answer({Answer::Ignore});
+  EXPECT_TRUE(run({61}));
+  EXPECT_EQ(starts, 1);
+  EXPECT_FALSE(secondStepDone);
+  EXPECT_EQ(prompter.texts(), std::vector<std::string>{kFullDisk});
+  EXPECT_EQ(folder.read("B.dat"), (Bytes{3}));
+}
+
+TEST_F(GuardedProcedureTest, GivingUpLeavesTheFilesAsTheyWere) {
+  struct Case {
+    int error;
+    Answer pressed;
+    std::vector<std::string> texts;
+  };
+  for (const Case& c :
+       {Case{61, Answer::Abort, {kFullDisk, "Errore irrecuperabile"}},
+        Case{68, Answer::Cancel, {"Periferica non disponibile.", "Errore irrecuperabile"}},
+        Case{53, Answer::Ok, {"Il file non esiste.", "Errore irrecuperabile"}},
+        Case{70, Answer::Ok, {"Erore non riconosciuto"}}}) {
+    prompter.clear();
+    prompter.answer({c.pressed});
+    EXPECT_FALSE(run({c.error})) << c.error;
+    EXPECT_EQ(prompter.texts(), c.texts) << c.error;
+    EXPECT_EQ(prompter.messages.back().title, "Errore Disco");
+    EXPECT_EQ(prompter.messages.back().icon, Icon::Exclamation);
+    EXPECT_EQ(folder.read("A.dat"), (Bytes{1, 1, 1})) << c.error;
+    EXPECT_FALSE(folder.exists("B.dat")) << c.error;
+  }
+}
+
+// Appending a movement writes ".MOC", ".MOR" and "records.rer": a fault at any of them leaves
+// every file byte for byte as it was.
+class AppendFaultTest : public test::ArchiveTest {
+ protected:
+  void SetUp() override {
+    test::writeMovements(folder, "CC1",
+                         {{.date = "01/01/2026", .amount = 10, .sign = "A"},
+                          {.date = "02/01/2026", .amount = 4, .sign = "D"}});
+    folder.write("records.rer", test::le16(7));
+    account.load();
+    before = test::snapshot(folder);
+    movement.operationDate = "03/01/2026";
+    movement.amount = 1;
+    movement.sign = "D";
+  }
+
+  void expectNothingChanged(const std::string& what) {
+    EXPECT_EQ(account.count(), 2U) << what;
+    EXPECT_EQ(test::snapshot(folder), before) << what;
+  }
+
+  OpenAccount account{dir, clock, "CC1", ""};
+  std::map<std::string, Bytes> before;
+  Movement movement;
+};
+
+TEST_F(AppendFaultTest, DiskFullAtAnyWrite) {
+  for (int write = 1; write <= 3; ++write) {
+    for (std::size_t partial : {std::size_t{0}, std::size_t{1}, std::size_t{50}}) {
+      const std::string what =
+          "write " + std::to_string(write) + ", " + std::to_string(partial) + " bytes written";
+      files.failWrite(write, diskerr::kDiskFull, false, partial);
+      EXPECT_EQ(account.appendMovement(movement), diskerr::kDiskFull) << what;
+      expectNothingChanged(what);
+    }
+  }
+  files.heal();
+  EXPECT_EQ(account.appendMovement(movement), diskerr::kOk);
+  EXPECT_EQ(folder.read("CC1.MOR"), test::le16(3));
+}
+
+TEST_F(AppendFaultTest, ReadOnlyFile) {
+  files.failPath("records.rer", diskerr::kPermissionDenied);
+  EXPECT_EQ(account.appendMovement(movement), diskerr::kPermissionDenied);
+  expectNothingChanged("records.rer refused");
+}
+
+TEST_F(AppendFaultTest, VanishedFolder) {
+  std::filesystem::remove_all(folder.path());
+  EXPECT_EQ(account.appendMovement(movement), diskerr::kPathNotFound);
+  EXPECT_EQ(account.count(), 2U);
+  EXPECT_FALSE(std::filesystem::exists(folder.path()));
+}
+
+class ChangeFolderTest : public test::ArchiveTest {
+ protected:
+  void SetUp() override {
+    test::writeTable(folder, "CONTI.CON", "RecConti.CON",
+                     {test::accountRecord({.number = 1, .code = "CC1"})});
+  }
+};
+
+TEST_F(ChangeFolderTest, ToAVanishedFolderKeepsThePreviousOne) {
+  Session session = startedSession();
+  session.openAccount(0);
+  const std::string gone = folder.file("sparita/");
+  EXPECT_FALSE(session.changeFolder(gone));
+  EXPECT_EQ(prompter.texts(),
+            (std::vector<std::string>{"Il percorso non esiste", "Errore irrecuperabile"}));
+  EXPECT_EQ(prompter.messages[0].buttons, Buttons::Ok);
+  EXPECT_EQ(session.dir().folder(), folder.path());
+  EXPECT_EQ(session.tables().accounts.size(), 1U);
+  EXPECT_EQ(session.account(), nullptr);  // the open account was closed first
+  EXPECT_FALSE(std::filesystem::exists(gone));
+}
+
+TEST_F(ChangeFolderTest, ToAnotherArchiveReloadsTheAccounts) {
+  Session session = startedSession();
+  const std::string other = folder.file("altro");
+  std::filesystem::create_directory(other);
+  test::writeTable(folder, "altro/Conti.con", "altro/RECCONTI.CON",
+                   {test::accountRecord({.number = 1, .code = "X1"}),
+                    test::accountRecord({.number = 2, .code = "X2"})});
+  EXPECT_TRUE(session.changeFolder(other));
+  EXPECT_TRUE(prompter.messages.empty());
+  EXPECT_EQ(session.dir().folder(), other + "/");
+  ASSERT_EQ(session.tables().accounts.size(), 2U);
+  EXPECT_EQ(trim(session.tables().accounts[1].accountCode), "X2");
+}
+
+TEST_F(ChangeFolderTest, ADeviceErrorCanBeRetriedOrGivenUp) {
+  Session session = startedSession();
+  files.failPath("RecConti", diskerr::kDeviceIo);
+  prompter.answer({Answer::Retry, Answer::Retry, Answer::Cancel});
+  EXPECT_FALSE(session.changeFolder(folder.path()));
+  EXPECT_EQ(prompter.texts(),
+            (std::vector<std::string>{"Errore di I/O di periferica", "Errore di I/O di periferica",
+                                      "Errore di I/O di periferica", "Errore irrecuperabile"}));
+  EXPECT_EQ(session.tables().accounts.size(), 1U);
+}
+
+}  // namespace
+}  // namespace contavia
