@@ -70,13 +70,31 @@ class MovementEntry {
   void applyFilter();
   // Rebuilds the list with the main builder (after a change made elsewhere).
   void refresh();
+  // The builder of the list shown: Main, or Filtered after "Esegui filtro" until the next
+  // opening or refresh. Saving, abandoning and deleting rebuild the list with it.
+  ListBuilder view() const { return view_; }
 
  private:
+  OpenAccount& account();
+  void rebuild();
+  // The New state: an empty row dated today with the next number.
+  void resetRow();
+  void fillRowFromCausale(const Causale& causale);
+  bool stop(const std::string& text);
+  bool saveNew(double amount, const std::string& date);
+  bool saveChanged(double amount, const std::string& date);
+  // The movement of the entry row, on top of `base` (the slot it goes into).
+  Movement movementFromRow(Movement base, std::size_t number, double amount,
+                           const std::string& date) const;
+  // Applies the incremental update of a saved movement, then the full recompute.
+  void finishSave(const Movement& saved);
+
   Session& session_;
   EntryRow row_;
   MovementList list_;
   ListFilter filter_;
   std::size_t selected_ = 0;
+  ListBuilder view_ = ListBuilder::Main;
 };
 
 }  // namespace contavia

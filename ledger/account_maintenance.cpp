@@ -1,0 +1,75 @@
+#include "ledger/account_maintenance.h"
+
+#include "archive/account_files.h"
+#include "archive/disk_errors.h"
+#include "archive/text.h"
+#include "ledger/vb.h"
+
+namespace contavia {
+namespace {
+
+constexpr const char* kClearQuestion =
+    "\nQuesta azione elimina tutti i movimenti senza eliminare il conto, si raccomanda, pertanto "
+    "\ndi eseguire prima la copia di Backup al fine \ndi evitare la perdita di dati importanti."
+    "\n\n...ESEGUI PRIMA IL BACKUP DEI DATI...";
+constexpr const char* kClearSecondQuestion = "SEI PROPRIO SICURO DI VOLER CONTINUARE?";
+
+}  // namespace
+
+bool clearAccountMovements(Session& session) {
+  const OpenAccount* account = session.account();
+  const auto index = session.accountIndex();
+  if (account == nullptr || !index) {
+    return false;
+  }
+  Prompter& prompter = session.prompter();
+  if (!confirm(prompter, warningQuestion(kClearQuestion)) ||
+      !confirm(prompter, warningQuestion(kClearSecondQuestion))) {
+    return false;
+  }
+  const std::string code = account->code();
+  const int rc = deleteAccountFiles(session.dir(), code, CodeMatch::Exact);
+  session.openAccount(*index);
+  if (rc != diskerr::kOk) {
+    prompter.show(Message{kDiskErrorTitle,
+                          "Non è stato possibile eliminare tutti i file del conto " + code + " (" +
+                              diskErrorMessage(rc) + ").",
+                          Buttons::Ok, Icon::Exclamation, Answer::Ok});
+    return false;
+  }
+  return true;
+}
+
+std::string fourDigitYearDate(const std::string& stored) {
+  const std::string date = trim(stored);
+  const std::size_t length = charCount(date);
+  if (length >= 10 || length < 5) {
+    return date;
+  }
+  const std::string yy = rightChars(date, 2);
+  const char* century = val(yy) <= 20 ? "20" : "19";
+  return leftChars(date, 2) + "/" + midChars(date, 3, 2) + "/" + century + yy;
+}
+
+bool reorderTwoDigitYears(Session& session) {
+  OpenAccount* account = session.account();
+  if (account == nullptr) {
+    return false;
+  }
+  for (std::size_t number = 1; number <= account->count(); ++number) {
+    Movement m = account->movement(number);
+    const std::string date = fourDigitYearDate(m.operationDate);
+    if (date == trim(m.operationDate)) {
+      continue;
+    }
+    m.operationDate = date;
+    const int rc = account->rewriteMovement(number, m);
+    if (rc != diskerr::kOk) {
+      reportWriteFailure(session.prompter(), account->code() + filename::kMovements, rc);
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace contavia
