@@ -1,0 +1,35 @@
+#pragma once
+// What the ledger commands share: choosing the working account, typing into the amount field,
+// choosing a movement by its number, printing the lines of a list.
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/command.h"
+#include "ledger/movement_entry.h"
+
+namespace contavia::cli {
+
+// Starts the session and chooses account `code` in the account selector; false (after the
+// message) when there is none.
+bool openWorkingAccount(Context& c, const std::string& code);
+
+// The text the amount field holds after `keys` are typed into it, key by key, under its key
+// rules ("." becomes ","). Throws UsageError when the field would refuse a key (a second
+// decimal separator, a letter, a sign), so that nothing is typed differently from what was meant.
+std::string typedAmount(std::string_view keys);
+
+// Selects movement `number` as a click on its line; false (after a message) when there is none.
+bool selectMovementOrStop(Context& c, MovementEntry& entry, int number);
+
+// A change that stopped after its movement was selected: the selection is abandoned and the
+// balances recomputed from the files, as choosing the account again would. Returns the exit
+// status of a stopped action.
+int abandonChange(Context& c, MovementEntry& entry);
+
+// One line each, trailing blanks dropped.
+void printLines(std::ostream& out, const std::vector<std::string>& lines);
+
+}  // namespace contavia::cli
