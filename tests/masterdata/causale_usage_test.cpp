@@ -1,0 +1,182 @@
+// The causale-in-use count: compared with the scan written out literally (a movement array of
+// 10000 slots, for each account and each j read record n into slot n, compare slot j), on
+// archives built by hand, with and without a working account; the working account is left as it
+// was, no file is created, and a count past 32767 is reported whole.
+
+#include "masterdata/causale_usage.h"
+
+#include <array>
+#include <random>
+
+#include "masterdata/causali_screen.h"
+#include "tests/support/archive_fixture.h"
+
+namespace contavia {
+namespace {
+
+using test::Bytes;
+
+std::string trimmed(std::string s) {
+  while (!s.empty() && s.back() == ' ') {
+    s.pop_back();
+  }
+  while (!s.empty() && s.front() == ' ') {
+    s.erase(s.begin());
+  }
+  return s;
+}
+
+// The causale code (bytes 12..16) of record `n` of a movement file read by hand.
+std::string causaleOfRecord(const Bytes& file, std::size_t n) {
+  const std::size_t at = (n - 1) * 87 + 12;
+  if (at + 5 > file.size()) {
+    return "";
+  }
+  return trimmed(
+      std::string(file.begin() + static_cast<long>(at), file.begin() + static_cast<long>(at) + 5));
+}
+
+// The scan as the causali window has always run it.
+long literalScan(const test::TempFolder& folder, const std::vector<std::string>& accountCodes,
+                 const std::vector<std::string>& workingCodes, const std::string& causale) {
+  std::vector<std::string> slot(10001);
+  for (std::size_t j = 0; j < workingCodes.size(); ++j) {
+    slot[j + 1] = workingCodes[j];
+  }
+  long counter = 0;
+  for (const std::string& code : accountCodes) {
+    const Bytes mor = folder.read(code + ".MOR");
+    const int n = mor.size() >= 2 ? static_cast<std::int16_t>(mor[0] | (mor[1] << 8)) : 0;
+    const Bytes moc = folder.read(code + ".MOC");
+    for (int j = 1; j <= n; ++j) {
+      slot[static_cast<std::size_t>(n)] = causaleOfRecord(moc, static_cast<std::size_t>(n));
+      if (slot[static_cast<std::size_t>(j)] == causale) {
+        ++counter;
+      }
+    }
+  }
+  return counter;
+}
+
+class CausaleUsageTest : public test::ArchiveTest {
+ protected:
+  std::vector<Account> accounts(const std::vector<std::string>& codes) {
+    std::vector<Account> out;
+    for (const std::string& code : codes) {
+      Account a;
+      a.accountCode = code;
+      out.push_back(a);
+    }
+    return out;
+  }
+
+  static std::vector<Movement> movements(const std::vector<std::string>& codes) {
+    std::vector<Movement> out;
+    for (const std::string& code : codes) {
+      Movement m;
+      m.causaleCode = code;
+      out.push_back(m);
+    }
+    return out;
+  }
+
+  void writeAccount(const std::string& code, const std::vector<std::string>& causali) {
+    std::vector<test::MovementSpec> specs;
+    for (const std::string& c : causali) {
+      specs.push_back({.causale = c});
+    }
+    test::writeMovements(folder, code, specs);
+  }
+};
+
+TEST_F(CausaleUsageTest, OnlyTheLastMovementOfAnAccountIsReadIntoItsSlot) {
+  writeAccount("A", {"VER", "PRE", "VER"});
+  const auto all = accounts({"A"});
+  EXPECT_EQ(countCausaleUses(dir, all, {}, "VER"), 1);
+  EXPECT_EQ(countCausaleUses(dir, all, {}, "PRE"), 0);
+}
+
+TEST_F(CausaleUsageTest, AReplacedSlotStaysForTheAccountsScannedAfter) {
+  writeAccount("A", {"PRE", "VER"});         // slot 2 := VER, counts 1
+  writeAccount("B", {"BON", "BON", "PRE"});  // slot 3 := PRE; slot 2 still VER, counts 1
+  EXPECT_EQ(countCausaleUses(dir, accounts({"A", "B"}), {}, "VER"), 2);
+  EXPECT_EQ(countCausaleUses(dir, accounts({"B", "A"}), {}, "VER"), 1);
+}
+
+TEST_F(CausaleUsageTest, TheWorkingAccountsMovementsFillTheSlotsNotReplaced) {
+  writeAccount("A", {"PRE", "PRE", "PRE"});
+  const auto working = movements({"VER", "BON", "VER", "VER"});
+  // Slots 1 and 2 are the working account's, slot 3 becomes A's last movement.
+  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), working, "VER"), 1);
+  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), working, "PRE"), 1);
+  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), working, "BON"), 1);
+}
+
+TEST_F(CausaleUsageTest, AgreesWithTheLiteralScanOnVariedArchives) {
+  const std::array<std::string, 4> causali = {"VER", "PRE", "BON", "ver"};
+  std::mt19937 random(20261121);
+  for (int round = 0; round < 20; ++round) {
+    std::vector<std::string> codes;
+    const int accountCount = 1 + static_cast<int>(random() % 8);
+    for (int a = 0; a < accountCount; ++a) {
+      codes.push_back("R" + std::to_string(round) + "A" + std::to_string(a));
+      std::vector<std::string> own;
+      const int n = static_cast<int>(random() % 12);
+      for (int m = 0; m < n; ++m) {
+        own.push_back(causali[random() % causali.size()]);
+      }
+      writeAccount(codes.back(), own);
+    }
+    std::vector<std::string> working;
+    const int w = static_cast<int>(random() % 10);
+    for (int m = 0; m < w; ++m) {
+      working.push_back(causali[random() % causali.size()]);
+    }
+    for (const std::string& causale : causali) {
+      EXPECT_EQ(countCausaleUses(dir, accounts(codes), movements(working), causale),
+                literalScan(folder, codes, working, causale))
+          << "round " << round << " causale " << causale;
+    }
+  }
+}
+
+TEST_F(CausaleUsageTest, ACountFileWithoutMovementsFileReadsBlankAndNothingIsCreated) {
+  folder.write("A.MOR", test::le16(2));
+  const auto before = test::snapshot(folder);
+  EXPECT_EQ(countCausaleUses(dir, accounts({"A", "NOFILES", "../x"}), {}, "VER"), 0);
+  // Blank slots match a blank causale code.
+  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), {}, "   "), 2);
+  EXPECT_EQ(test::snapshot(folder), before);
+}
+
+TEST_F(CausaleUsageTest, TheRefusalLeavesTheWorkingAccountAsItWasAndCountsPast32767) {
+  test::writeTable(folder, "Causali.CAP", "RecCausa.CAP",
+                   {test::causaleRecord(1, "VER", "Versamento", "A")});
+  std::vector<Bytes> accountRecords;
+  for (int a = 1; a <= 4; ++a) {
+    const std::string code = "X" + std::to_string(a);
+    accountRecords.push_back(test::accountRecord({.number = a, .code = code}));
+    folder.write(code + ".MOR", test::le16(10000));  // record 10000 missing: a blank slot
+  }
+  accountRecords.push_back(test::accountRecord({.number = 5, .code = "W"}));
+  test::writeTable(folder, "CONTI.CON", "RecConti.CON", accountRecords);
+  writeAccount("W", std::vector<std::string>(10000, "VER"));
+  Session session = startedSession();
+  session.openAccountByCode("W");
+  const std::vector<Movement> movementsBefore = session.account()->movements();
+  CausaliScreen screen(session);
+  prompter.clear();
+  screen.chooseRow(0);
+  EXPECT_FALSE(screen.remove());
+  // Each X account: slots 1..9999 are W's, slot 10000 blank; then W: slot 10000 is VER again.
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_EQ(prompter.messages[0].text,
+            "La causale che vuoi eliminare è presente in " + std::to_string(4 * 9999 + 10000) +
+                " movimenti, pertanto, non è possibile la sua eliminazione.");
+  EXPECT_EQ(session.currentAccountCode(), "W");
+  EXPECT_EQ(session.account()->movements().size(), movementsBefore.size());
+  EXPECT_EQ(session.account()->movements().back().causaleCode, "VER  ");
+}
+
+}  // namespace
+}  // namespace contavia

@@ -1,0 +1,174 @@
+// The causali window: the duplicate rule on the code as typed, the change without a duplicate
+// check, the missing-field box, the sign options, the delete written to "causali.con" and
+// "Reccausali.con" (the deleted causale comes back from "Causali.CAP"), and the in-use refusal.
+
+#include "masterdata/causali_screen.h"
+#include "tests/support/archive_fixture.h"
+
+namespace contavia {
+namespace {
+
+using test::Bytes;
+
+class CausaliTest : public test::ArchiveTest {
+ protected:
+  void writeCausali() {
+    test::writeTable(folder, "Causali.CAP", "RecCausa.CAP",
+                     {test::causaleRecord(1, "VER", "Versamento", "A"),
+                      test::causaleRecord(2, "PRE", "Prelievo", "D"),
+                      test::causaleRecord(3, "AB", "Bonifico", "D")});
+  }
+
+  static void type(MasterScreen& s, const std::string& code, const std::string& description) {
+    s.setField("CodCausale", code);
+    s.setField("DescCausale", description);
+  }
+};
+
+TEST_F(CausaliTest, RowsKeepTheFieldsFullWidthSoColumnsLineUp) {
+  test::writeTable(folder, "Causali.CAP", "RecCausa.CAP",
+                   {test::causaleRecord(1, "VER", "Versamento", "A"),
+                    test::causaleRecord(2, "SOC", "Societ\xE0", "D")});
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  EXPECT_EQ(screen.rows(), (std::vector<std::string>{"VER   Versamento                A",
+                                                     "SOC   Società                   D"}));
+}
+
+TEST_F(CausaliTest, AddingACodeAlreadyPresentAsTypedIsRefusedAndEmptiesBothFields) {
+  writeCausali();
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  const auto before = test::snapshot(folder);
+  type(screen, "AB", "Altro");
+  EXPECT_FALSE(screen.save());
+  EXPECT_EQ(prompter.messages, std::vector<Message>{errorBox("Nr di causale già presente")});
+  EXPECT_EQ(screen.field("CodCausale"), "");
+  EXPECT_EQ(screen.field("DescCausale"), "");
+  EXPECT_EQ(test::snapshot(folder), before);
+}
+
+TEST_F(CausaliTest, ACodeDifferingByATrailingBlankOrLetterCaseIsANewCode) {
+  writeCausali();
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  type(screen, "AB ", "Altro");
+  screen.setField("DarAver", "A");
+  ASSERT_TRUE(screen.save());
+  type(screen, "ver", "Versamento minuscolo");
+  ASSERT_TRUE(screen.save());
+  const Bytes file = folder.read("Causali.CAP");
+  EXPECT_EQ(Bytes(file.begin() + 3 * 46, file.end()),
+            test::cat({test::causaleRecord(4, "AB", "Altro", "A"),
+                       test::causaleRecord(5, "ver", "Versamento minuscolo", "A")}));
+  EXPECT_EQ(folder.read("RecCausa.CAP"), test::le16(5));
+}
+
+TEST_F(CausaliTest, AChangeMayTakeAnotherCausalesCodeAndKeepsFieldsAndChoice) {
+  writeCausali();
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  screen.chooseRow(2);
+  EXPECT_EQ(screen.field("DarAver"), "D");
+  type(screen, "VER", "Bonifico bis");
+  screen.setField("DarAver", "A");
+  ASSERT_TRUE(screen.save());
+  EXPECT_TRUE(prompter.messages.empty());
+  const Bytes file = folder.read("Causali.CAP");
+  EXPECT_EQ(Bytes(file.begin() + 2 * 46, file.end()),
+            test::causaleRecord(3, "VER", "Bonifico bis", "A"));
+  EXPECT_EQ(screen.selected(), 3U);
+  EXPECT_EQ(screen.field("DescCausale"), "Bonifico bis");
+  EXPECT_EQ(session.tables().causali.at(2).causaleCode, "VER  ");
+  // Two rows now read "VER": choosing the second finds the first causale of that code.
+  screen.chooseRow(2);
+  EXPECT_EQ(screen.selected(), 1U);
+}
+
+TEST_F(CausaliTest, AMissingFieldBeepsAndEmptiesTheCodeButBlanksPass) {
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  type(screen, "X", "");
+  EXPECT_FALSE(screen.save());
+  EXPECT_EQ(prompter.beeps, 1);
+  EXPECT_EQ(prompter.messages,
+            std::vector<Message>{errorBox("Campo codice e descrizione obbligatori")});
+  EXPECT_EQ(screen.field("CodCausale"), "");
+
+  type(screen, "  ", " ");
+  EXPECT_TRUE(screen.save());
+  EXPECT_EQ(folder.read("Causali.CAP"), test::causaleRecord(1, "", "", ""));
+}
+
+TEST_F(CausaliTest, PulisciKeepsTheSignOptionsWhichTakeOnlyAOrD) {
+  writeCausali();
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  screen.chooseRow(1);
+  screen.clear();
+  EXPECT_EQ(screen.field("DarAver"), "D");
+  EXPECT_FALSE(screen.setField("DarAver", "X"));
+}
+
+TEST_F(CausaliTest, DeleteWritesCausaliConAndTheDeletedCausaleComesBackOnReopening) {
+  writeCausali();
+  Session session = startedSession();
+  const Bytes cap = folder.read("Causali.CAP");
+  {
+    CausaliScreen screen(session);
+    screen.chooseRow(0);
+    prompter.answer({Answer::Ok});
+    ASSERT_TRUE(screen.remove());
+    EXPECT_EQ(prompter.messages.at(0).text,
+              "Attenzione la causale selezionata verrà cancellata il dato verrà "
+              "irrimediabilmente perso. Vuoi continuare ?");
+    EXPECT_EQ(folder.read("causali.con"),
+              test::cat({test::causaleRecord(1, "PRE", "Prelievo", "D"),
+                         test::causaleRecord(2, "AB", "Bonifico", "D")}));
+    EXPECT_EQ(folder.read("Reccausali.con"), test::le16(2));
+    EXPECT_EQ(folder.read("Causali.CAP"), cap);
+    EXPECT_EQ(folder.read("RecCausa.CAP"), test::le16(3));
+    EXPECT_EQ(screen.rows().size(), 2U);
+    EXPECT_EQ(session.tables().causali.size(), 2U);
+    EXPECT_EQ(session.tables().causali.at(0).causaleCode, "PRE  ");
+  }
+  CausaliScreen reopened(session);
+  EXPECT_EQ(reopened.rows().size(), 3U);
+  EXPECT_EQ(session.tables().causali.at(0).causaleCode, "VER  ");
+}
+
+TEST_F(CausaliTest, DeletingTheOnlyCausaleLeavesAnEmptyListAndCountZero) {
+  test::writeTable(folder, "Causali.CAP", "RecCausa.CAP",
+                   {test::causaleRecord(1, "VER", "Versamento", "A")});
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  screen.chooseRow(0);
+  prompter.answer({Answer::Ok});
+  ASSERT_TRUE(screen.remove());
+  EXPECT_TRUE(screen.rows().empty());
+  EXPECT_EQ(folder.read("Reccausali.con"), test::le16(0));
+}
+
+TEST_F(CausaliTest, ACausaleInUseIsRefusedWithTheCountUnderTheProgramsTitle) {
+  writeCausali();
+  test::writeTable(folder, "CONTI.CON", "RecConti.CON",
+                   {test::accountRecord({.number = 1, .code = "A"}),
+                    test::accountRecord({.number = 2, .code = "B"})});
+  test::writeMovements(folder, "A", {{.causale = "PRE"}, {.causale = "VER"}});
+  test::writeMovements(folder, "B", {{.causale = "VER"}});
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  const auto before = test::snapshot(folder);
+  screen.chooseRow(0);
+  EXPECT_FALSE(screen.remove());
+  // A: slot 2 holds its last movement (VER); B: slot 1 holds its last movement (VER).
+  EXPECT_EQ(prompter.messages,
+            std::vector<Message>{plainBox("Contavia",
+                                          "La causale che vuoi eliminare è presente in 2 "
+                                          "movimenti, pertanto, non è possibile la sua "
+                                          "eliminazione.")});
+  EXPECT_EQ(test::snapshot(folder), before);
+}
+
+}  // namespace
+}  // namespace contavia

@@ -1,0 +1,283 @@
+// The screen pattern, run through all four tables: "ok" adds at count+1 and writes the count,
+// a chosen row is changed in place, a missing code stops, "del" asks and compacts (records
+// renumbered, count lowered, the record past the new count left in the file), a full table
+// stops, and a failed write leaves every file as it was.
+
+#include <functional>
+#include <memory>
+
+#include "masterdata/accounts_screen.h"
+#include "masterdata/categories_screen.h"
+#include "masterdata/causali_screen.h"
+#include "masterdata/groups_screen.h"
+#include "tests/support/archive_fixture.h"
+
+namespace contavia {
+namespace {
+
+using test::Bytes;
+
+struct TableCase {
+  const char* name;
+  std::function<std::unique_ptr<MasterScreen>(Session&)> open;
+  const char* table;
+  const char* countFile;
+  const char* tableAfterDelete;  // where a delete writes the compacted table
+  const char* countAfterDelete;
+  std::size_t length;
+  std::size_t capacity;
+  const char* codeField;
+  const char* missingCodeText;
+  const char* fullText;
+  bool codeKeptOnChange;  // a chosen record keeps its code
+  // Types record k into the screen.
+  std::function<void(MasterScreen&, int k)> type;
+  // The bytes of record k written as record `number`, with the code of record `codeK`.
+  std::function<Bytes(int number, int k, int codeK)> bytes;
+};
+
+std::string nth(const char* prefix, int k) { return prefix + std::to_string(k); }
+
+template <class Screen>
+std::function<std::unique_ptr<MasterScreen>(Session&)> opener() {
+  return [](Session& s) { return std::make_unique<Screen>(s); };
+}
+
+const TableCase kCases[] = {
+    {"Causali", opener<CausaliScreen>(), "Causali.CAP", "RecCausa.CAP", "causali.con",
+     "Reccausali.con", 46, 100, "CodCausale", "Campo codice e descrizione obbligatori",
+     "Archivio pieno: non si possono registrare più di 100 causali.", false,
+     [](MasterScreen& s, int k) {
+       s.setField("CodCausale", nth("C", k));
+       s.setField("DescCausale", nth("Causale ", k));
+       s.setField("DarAver", "A");
+     },
+     [](int n, int k, int codeK) {
+       return test::causaleRecord(n, nth("C", codeK), nth("Causale ", k), "A");
+     }},
+    {"Groups", opener<GroupsScreen>(), "Gruppi.con", "RecGruppi.con", "Gruppi.con", "RecGruppi.con",
+     34, 100, "CodGruppi", "Campo codice e descrizione obbligatori",
+     "Archivio pieno: non si possono registrare più di 100 gruppi.", false,
+     [](MasterScreen& s, int k) {
+       s.setField("CodGruppi", nth("G", k));
+       s.setField("DescGruppi", nth("Gruppo ", k));
+     },
+     [](int n, int k, int codeK) {
+       return test::groupRecord(n, nth("G", codeK), nth("Gruppo ", k), " ", "N");
+     }},
+    {"Categories", opener<CategoriesScreen>(), "Tipo.con", "RecTipo.con", "Tipo.con", "RecTipo.con",
+     58, 200, "CodCausale", "Campo codice e descrizione obbligatori",
+     "Archivio pieno: non si possono registrare più di 200 categorie.", false,
+     [](MasterScreen& s, int k) {
+       s.setField("CodCausale", nth("T", k));
+       s.setField("DescCausale", nth("Categoria ", k));
+     },
+     [](int n, int k, int codeK) {
+       return test::categoryRecord(n, nth("T", codeK), nth("Categoria ", k), "");
+     }},
+    {"Accounts", opener<AccountsScreen>(), "CONTI.CON", "RecConti.CON", "CONTI.CON", "RecConti.CON",
+     207, 1000, "CodConto", "Nr. di conto obbligatorio",
+     "Archivio pieno: non si possono registrare più di 1000 conti.", true,
+     [](MasterScreen& s, int k) {
+       s.setField("CodConto", nth("K", k));
+       s.setField("NomeConto", nth("Conto ", k));
+       s.setField("Fido", "1000");
+       s.pickChoice("Banche");
+     },
+     [](int n, int k, int codeK) {
+       return test::accountRecord({.number = n,
+                                   .code = nth("K", codeK),
+                                   .category = "Banche",
+                                   .name = nth("Conto ", k),
+                                   .creditLine = "1000",
+                                   .group = "Privati"});
+     }},
+};
+
+class ScreenPatternTest : public test::ArchiveTest,
+                          public ::testing::WithParamInterface<TableCase> {
+ protected:
+  const TableCase& c = GetParam();
+
+  void SetUp() override {
+    if (std::string(c.table) == "CONTI.CON") {
+      // The category the accounts choose.
+      test::writeTable(folder, "Tipo.con", "RecTipo.con",
+                       {test::categoryRecord(1, "BA", "Banche", "Privati")});
+    }
+  }
+
+  // A table of records k = 1..n written by hand.
+  void writeRecords(int n) {
+    std::vector<Bytes> records;
+    for (int k = 1; k <= n; ++k) {
+      records.push_back(c.bytes(k, k, k));
+    }
+    test::writeTable(folder, c.table, c.countFile, records);
+  }
+
+  Bytes concat(std::initializer_list<std::pair<int, int>> numberAndK) {
+    Bytes all;
+    for (const auto& [number, k] : numberAndK) {
+      const Bytes r = c.bytes(number, k, k);
+      all.insert(all.end(), r.begin(), r.end());
+    }
+    return all;
+  }
+};
+
+TEST_P(ScreenPatternTest, OkWithoutChoiceAppendsTheRecordAndItsCount) {
+  Session session = startedSession();
+  auto screen = c.open(session);
+  for (int k = 1; k <= 3; ++k) {
+    c.type(*screen, k);
+    ASSERT_TRUE(screen->save()) << k;
+  }
+  EXPECT_EQ(folder.read(c.table), concat({{1, 1}, {2, 2}, {3, 3}}));
+  EXPECT_EQ(folder.read(c.countFile), test::le16(3));
+  EXPECT_EQ(screen->rows().size(), 3U);
+  EXPECT_EQ(screen->field(c.codeField), "");
+  EXPECT_TRUE(prompter.messages.empty());
+}
+
+TEST_P(ScreenPatternTest, OkWithAChosenRowRewritesThatRecordOnly) {
+  writeRecords(3);
+  Session session = startedSession();
+  auto screen = c.open(session);
+  screen->chooseRow(1);
+  EXPECT_EQ(screen->selected(), 2U);
+  c.type(*screen, 7);
+  ASSERT_TRUE(screen->save());
+  const Bytes changed = c.bytes(2, 7, c.codeKeptOnChange ? 2 : 7);
+  EXPECT_EQ(folder.read(c.table), test::cat({c.bytes(1, 1, 1), changed, c.bytes(3, 3, 3)}));
+  EXPECT_EQ(folder.read(c.countFile), test::le16(3));
+}
+
+TEST_P(ScreenPatternTest, PulisciForgetsTheChoiceSoOkAdds) {
+  writeRecords(2);
+  Session session = startedSession();
+  auto screen = c.open(session);
+  screen->chooseRow(0);
+  screen->clear();
+  EXPECT_EQ(screen->selected(), 0U);
+  EXPECT_EQ(screen->field(c.codeField), "");
+  c.type(*screen, 3);
+  ASSERT_TRUE(screen->save());
+  EXPECT_EQ(folder.read(c.table), concat({{1, 1}, {2, 2}, {3, 3}}));
+  EXPECT_EQ(folder.read(c.countFile), test::le16(3));
+}
+
+TEST_P(ScreenPatternTest, MissingCodeStopsWithItsMessageAndWritesNothing) {
+  writeRecords(1);
+  Session session = startedSession();
+  auto screen = c.open(session);
+  const auto before = test::snapshot(folder);
+  c.type(*screen, 2);
+  screen->setField(c.codeField, "");
+  EXPECT_FALSE(screen->save());
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_EQ(prompter.messages[0], errorBox(c.missingCodeText));
+  EXPECT_EQ(test::snapshot(folder), before);
+}
+
+TEST_P(ScreenPatternTest, DeleteCancelledChangesNothing) {
+  writeRecords(2);
+  Session session = startedSession();
+  auto screen = c.open(session);
+  const auto before = test::snapshot(folder);
+  screen->chooseRow(0);
+  prompter.answer({Answer::Cancel});
+  EXPECT_FALSE(screen->remove());
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_EQ(prompter.messages[0].title, "AVVERTIMENTO!");
+  EXPECT_EQ(prompter.messages[0].buttons, Buttons::OkCancel);
+  EXPECT_EQ(prompter.messages[0].icon, Icon::Exclamation);
+  EXPECT_EQ(prompter.messages[0].defaultButton, Answer::Cancel);
+  EXPECT_EQ(test::snapshot(folder), before);
+  EXPECT_EQ(screen->rows().size(), 2U);
+}
+
+TEST_P(ScreenPatternTest, DeleteRenumbersTheKeptRecordsAndLeavesTheTailInTheFile) {
+  writeRecords(3);
+  Session session = startedSession();
+  auto screen = c.open(session);
+  const Bytes previous = folder.read(c.tableAfterDelete);
+  screen->chooseRow(0);
+  prompter.answer({Answer::Ok});
+  ASSERT_TRUE(screen->remove());
+  Bytes expected = concat({{1, 2}, {2, 3}});
+  if (previous.size() > expected.size()) {
+    expected.insert(expected.end(), previous.begin() + static_cast<long>(expected.size()),
+                    previous.end());
+  }
+  EXPECT_EQ(folder.read(c.tableAfterDelete), expected);
+  EXPECT_EQ(folder.read(c.countAfterDelete), test::le16(2));
+  EXPECT_EQ(screen->rows().size(), 2U);
+  EXPECT_EQ(screen->selected(), 0U);
+  EXPECT_FALSE(screen->canRemove());
+}
+
+TEST_P(ScreenPatternTest, DeleteWithoutAChosenRowDoesNothing) {
+  writeRecords(2);
+  Session session = startedSession();
+  auto screen = c.open(session);
+  const auto before = test::snapshot(folder);
+  EXPECT_FALSE(screen->remove());
+  EXPECT_TRUE(prompter.messages.empty());
+  EXPECT_EQ(test::snapshot(folder), before);
+}
+
+TEST_P(ScreenPatternTest, AFullTableTakesNoMoreButItsRecordsCanStillChange) {
+  writeRecords(static_cast<int>(c.capacity));
+  Session session = startedSession();
+  auto screen = c.open(session);
+  const auto before = test::snapshot(folder);
+  c.type(*screen, 9999);
+  EXPECT_FALSE(screen->save());
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_EQ(prompter.messages[0], errorBox(c.fullText));
+  EXPECT_EQ(test::snapshot(folder), before);
+
+  screen->chooseRow(c.capacity - 1);
+  c.type(*screen, 9999);
+  EXPECT_TRUE(screen->save());
+  const Bytes table = folder.read(c.table);
+  const int last = static_cast<int>(c.capacity);
+  EXPECT_EQ(Bytes(table.end() - static_cast<long>(c.length), table.end()),
+            c.bytes(last, 9999, c.codeKeptOnChange ? last : 9999));
+}
+
+TEST_P(ScreenPatternTest, AFailedAddLeavesTableAndCountAsTheyWere) {
+  writeRecords(2);
+  Session session = startedSession();
+  auto screen = c.open(session);
+  const auto before = test::snapshot(folder);
+  c.type(*screen, 3);
+  files.failWrite(2, diskerr::kDiskFull);  // the count, after the record went
+  EXPECT_FALSE(screen->save());
+  EXPECT_EQ(test::snapshot(folder), before);
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_EQ(prompter.messages[0].title, "Errore Disco");
+  EXPECT_NE(prompter.messages[0].text.find(c.countFile), std::string::npos);
+  EXPECT_EQ(screen->rows().size(), 2U);
+}
+
+TEST_P(ScreenPatternTest, AFailedDeleteLeavesEveryFileAndTheList) {
+  writeRecords(3);
+  Session session = startedSession();
+  auto screen = c.open(session);
+  const auto before = test::snapshot(folder);
+  screen->chooseRow(1);
+  prompter.answer({Answer::Ok});
+  files.failWrite(2, diskerr::kDiskFull);  // the count, after the records went
+  EXPECT_FALSE(screen->remove());
+  EXPECT_EQ(test::snapshot(folder), before);
+  EXPECT_EQ(prompter.messages.back().title, "Errore Disco");
+  EXPECT_EQ(screen->rows().size(), 3U);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllTables, ScreenPatternTest, ::testing::ValuesIn(kCases),
+                         [](const auto& p) { return std::string(p.param.name); });
+
+}  // namespace
+}  // namespace contavia
