@@ -239,9 +239,7 @@ bool MovementEntry::saveNew(double amount, const std::string& date) {
   const bool closedBefore = trim(slot.closedFlag) == "S";
   Movement m = movementFromRow(std::move(slot), number, amount, date);
   m.closedFlag = closedBefore ? "S" : "N";
-  const std::string today = session_.clock().todayText();
-  if (!incrementFits(a, today, m.operationDate, m.amount, m.sign) ||
-      !recomputeFitsWith(a.movements(), number, m, a.carryForward(), today)) {
+  if (!balancesFit(number, m)) {
     return stop(balanceOverflowText());
   }
   const int rc = a.appendMovement(m);
@@ -262,9 +260,7 @@ bool MovementEntry::saveChanged(double amount, const std::string& date) {
   OpenAccount& a = account();
   Movement m = movementFromRow(a.movement(selected_), selected_, amount, date);
   m.closedFlag = "N";
-  const std::string today = session_.clock().todayText();
-  if (!incrementFits(a, today, m.operationDate, m.amount, m.sign) ||
-      !recomputeFitsWith(a.movements(), selected_, m, a.carryForward(), today)) {
+  if (!balancesFit(selected_, m)) {
     return stop(balanceOverflowText());
   }
   const int rc = a.rewriteMovement(selected_, m);
@@ -274,6 +270,16 @@ bool MovementEntry::saveChanged(double amount, const std::string& date) {
   }
   finishSave(m);
   return true;
+}
+
+bool MovementEntry::balancesFit(std::size_t number, const Movement& saved) {
+  // What stays is the recompute's balance; the incremental step in between is skipped when it
+  // alone would leave the range. The amount itself must have a whole-unit value, or the
+  // movement could never be selected again.
+  const OpenAccount& a = account();
+  return roundHalfEven(saved.amount).has_value() &&
+         recomputeFitsWith(a.movements(), number, saved, a.carryForward(),
+                           session_.clock().todayText());
 }
 
 void MovementEntry::finishSave(const Movement& saved) {

@@ -14,14 +14,14 @@ namespace contavia {
 
 // The entry row, as texts of its controls.
 struct EntryRow {
-  std::string number;              // `nroper`
-  std::string date;                // `dataoper`, "dd/mm/yyyy"
-  std::string causale;             // `Causale`
-  std::string causaleDescription;  // `DescrCausale`
-  std::string sign;                // `D_A`: "D", "A" or empty
-  std::string amount;              // `IMPORTO`, as typed ("1234,5")
-  std::string documentNumber;      // `NrDoc`
-  std::string description;         // `DescMovim`
+  std::string number{};              // `nroper`
+  std::string date{};                // `dataoper`, "dd/mm/yyyy"
+  std::string causale{};             // `Causale`
+  std::string causaleDescription{};  // `DescrCausale`
+  std::string sign{};                // `D_A`: "D", "A" or empty
+  std::string amount{};              // `IMPORTO`, as typed ("1234,5")
+  std::string documentNumber{};      // `NrDoc`
+  std::string description{};         // `DescMovim`
   bool operator==(const EntryRow&) const = default;
 };
 
@@ -86,6 +86,8 @@ class MovementEntry {
   // The movement of the entry row, on top of `base` (the slot it goes into).
   Movement movementFromRow(Movement base, std::size_t number, double amount,
                            const std::string& date) const;
+  // True when the balances after saving `saved` as movement `number` stay in the 32-bit range.
+  bool balancesFit(std::size_t number, const Movement& saved);
   // Applies the incremental update of a saved movement, then the full recompute.
   void finishSave(const Movement& saved);
 
