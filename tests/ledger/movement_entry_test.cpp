@@ -1,0 +1,394 @@
+// The movement window without widgets: saving new and changed movements, the running balances
+// through selection, abandon and deletion, renumbering, and what stops an operation untouched.
+
+#include "ledger/movement_entry.h"
+
+#include "tests/ledger/movement_entry_fixture.h"
+
+namespace contavia {
+namespace {
+
+using test::Bytes;
+using test::MovementEntryTest;
+using test::MovementSpec;
+
+struct Balances {
+  std::int32_t total;
+  std::int32_t today;
+  bool operator==(const Balances&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const Balances& b) {
+  return out << "{total " << b.total << ", today " << b.today << "}";
+}
+
+class EntryTest : public MovementEntryTest {
+ protected:
+  Balances balances() { return {account().balanceTotal(), account().balanceToday()}; }
+};
+
+TEST_F(EntryTest, NewMovementIsWrittenAfterTheLastWithItsCountsAndTheRowStartsAgain) {
+  openWith({{.date = "01/11/2026", .causale = "STI", .amount = 10, .sign = "A"},
+            {.date = "02/11/2026", .causale = "AFF", .amount = 20, .sign = "D"},
+            {.date = "03/11/2026", .causale = "AFF", .amount = 30, .sign = "D"}});
+  EXPECT_EQ(entry->row().number, "4");
+  type("20/11/2026", "CAF", "12,5", "SCONTRINO1", "Caffè al bar Perù");
+  ASSERT_TRUE(entry->save());
+  EXPECT_TRUE(prompter.messages.empty());
+
+  EXPECT_EQ(folder.read("CC1.MOC").size(), 4 * Movement::kLength);
+  EXPECT_EQ(movementBytes(4), test::movementRecord({.number = 4,
+                                                    .date = "20/11/2026",
+                                                    .causale = "CAF",
+                                                    .amount = 12.5,
+                                                    .sign = "D",
+                                                    .document = "SCONTRIN",
+                                                    .description = "Caff\xE8 al bar Per\xF9"}));
+  EXPECT_EQ(folder.read("CC1.MOR"), test::le16(4));
+  EXPECT_EQ(folder.read("records.rer"), test::le16(8));
+  EXPECT_EQ(session->tables().movementCounter, 8);
+
+  EXPECT_EQ(entry->row(), (EntryRow{.number = "5", .date = "21/11/2026"}));
+  EXPECT_EQ(entry->selectedIndex(), 0U);
+  EXPECT_EQ(entry->list().lines.front().substr(0, 15), "20/11/2026 0004");
+  EXPECT_EQ(entry->list().lines.back(), " Nr. Movimenti: 4");
+}
+
+TEST_F(EntryTest, SavedBalancesFollowTheRecomputeWhateverTheIncrementalRuleSays) {
+  struct Case {
+    const char* date;
+    const char* causale;
+    Balances change;
+  };
+  const std::vector<Case> cases = {
+      {"21/11/2026", "STI", {100, 100}},    // a credit raises the saved balance
+      {"22/11/2026", "STI", {100, 0}},      // dated tomorrow: the total only
+      {"21/11/2026", "AFF", {-100, -100}},  // a debit lowers it
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(c.date) + " " + c.causale);
+    openWith(test::fiveMovements());
+    const Balances before = balances();
+    type(c.date, c.causale, "100");
+    ASSERT_TRUE(entry->save());
+    EXPECT_EQ(balances(), (Balances{before.total + c.change.total, before.today + c.change.today}));
+    EXPECT_EQ(account().panels().balanceTotal,
+              c.change.total > 0 ? "141,01" : "-58,99");  // exact, from the files
+  }
+}
+
+TEST_F(EntryTest, SelectionTakesTheMovementOutOfTheBalancesAndAbandonPutsItBack) {
+  struct Case {
+    std::size_t number;
+    Balances change;  // the reverse of the incremental rule, in whole units
+  };
+  const std::vector<Case> cases = {
+      {1, {100, 100}},  // credit 100
+      {2, {-50, -50}},  // debit 50
+      {3, {-30, 0}},    // debit 30 dated tomorrow
+      {4, {10, 10}},    // 10,50 counts as 10
+      {5, {11, 11}},    // 10,51 counts as 11
+  };
+  openWith(test::fiveMovements());
+  const Balances opened = balances();
+  ASSERT_EQ(opened, (Balances{41, 71}));
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.number);
+    ASSERT_TRUE(entry->selectMovement(c.number));
+    EXPECT_TRUE(entry->deleteEnabled());
+    EXPECT_EQ(balances(), (Balances{opened.total + c.change.total, opened.today + c.change.today}));
+    entry->abandon();
+    EXPECT_EQ(balances(), opened);
+    EXPECT_FALSE(entry->deleteEnabled());
+    EXPECT_EQ(entry->row(), (EntryRow{.number = "6", .date = "21/11/2026"}));
+  }
+}
+
+TEST_F(EntryTest, SelectedMovementFillsTheRowAndChoosingAnotherPutsTheFirstBack) {
+  openWith(test::fiveMovements());
+  ASSERT_TRUE(entry->selectMovement(2));
+  EXPECT_EQ(entry->row(), (EntryRow{.number = "2",
+                                    .date = "02/11/2026",
+                                    .causale = "AFF",
+                                    .causaleDescription = "Affitto",
+                                    .sign = "D",
+                                    .amount = "50,00",
+                                    .documentNumber = "F1"}));
+  ASSERT_TRUE(entry->selectMovement(1));
+  EXPECT_EQ(balances(), (Balances{141, 171}));  // only movement 1 is out
+  EXPECT_EQ(entry->row().amount, "100,00");
+  entry->abandon();
+  EXPECT_EQ(balances(), (Balances{41, 71}));
+}
+
+TEST_F(EntryTest, LinesThatPickNothingLeaveTheStateAlone) {
+  openWith(test::fiveMovements());
+  const auto before = test::snapshot(folder);
+  const std::vector<std::string>& lines = entry->list().lines;
+  for (std::size_t row : {std::size_t{5}, std::size_t{6}, lines.size() - 1, lines.size() + 3}) {
+    EXPECT_FALSE(entry->selectLine(row)) << row;
+  }
+  EXPECT_FALSE(entry->deleteEnabled());
+  EXPECT_EQ(test::snapshot(folder), before);
+  // The first line is movement 3 (the newest), not movement 1.
+  ASSERT_TRUE(entry->selectLine(0));
+  EXPECT_EQ(entry->selectedIndex(), 3U);
+}
+
+TEST_F(EntryTest, ChangedMovementIsRewrittenInPlaceKeepingItsLink) {
+  std::vector<MovementSpec> movements = test::fiveMovements();
+  movements[1].closed = "S";
+  movements[1].linkedAccount = "CC2";
+  movements[1].linkedNumber = "7";
+  openWith(movements);
+  ASSERT_TRUE(entry->selectMovement(2));
+  EntryRow& row = entry->row();
+  row.causale = "STI";
+  row.amount = "1.080,456";
+  row.description = "Rimborso Società";
+  ASSERT_TRUE(entry->save());
+
+  EXPECT_EQ(movementBytes(2), test::movementRecord({.number = 2,
+                                                    .date = "02/11/2026",
+                                                    .causale = "STI",
+                                                    .amount = 1080.46,
+                                                    .sign = "A",
+                                                    .document = "F1",
+                                                    .description = "Rimborso Societ\xE0",
+                                                    .closed = "N",
+                                                    .linkedAccount = "CC2",
+                                                    .linkedNumber = "7"}));
+  EXPECT_EQ(folder.read("CC1.MOR"), test::le16(5));
+  EXPECT_EQ(folder.read("records.rer"), test::le16(7));
+  // 100 + 1080,46 - 30 + 10,50 + 10,51, and without the movement of tomorrow.
+  EXPECT_EQ(balances(), (Balances{1171, 1201}));
+  EXPECT_EQ(account().panels().balanceTotal, "1.171,47");
+  EXPECT_EQ(entry->selectedIndex(), 0U);
+  EXPECT_EQ(entry->row(), (EntryRow{.number = "6", .date = "21/11/2026"}));
+}
+
+TEST_F(EntryTest, DeletionRenumbersAndLeavesTheLastRecordInTheFile) {
+  openWith(test::fiveMovements());
+  const Bytes fifth = movementBytes(5);
+  ASSERT_TRUE(entry->selectMovement(2));  // the debit of 50
+  prompter.answer({Answer::Ok});
+  ASSERT_TRUE(entry->deleteSelected());
+
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_EQ(prompter.messages[0],
+            (Message{"AVVERTIMENTO!",
+                     "Attenzione il movimento selezionato verrà cancellato, ...Vuoi Continuare?",
+                     Buttons::OkCancel, Icon::Exclamation, Answer::Cancel}));
+  std::vector<MovementSpec> kept = test::fiveMovements();
+  kept.erase(kept.begin() + 1);
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    kept[i].number = static_cast<int>(i + 1);
+    EXPECT_EQ(movementBytes(i + 1), test::movementRecord(kept[i])) << i + 1;
+  }
+  EXPECT_EQ(movementBytes(5), fifth);
+  EXPECT_EQ(folder.read("CC1.MOR"), test::le16(4));
+  EXPECT_EQ(folder.read("records.rer"), test::le16(7));
+  // Both balances lower by 50 (the removal at selection) until the next recompute.
+  EXPECT_EQ(balances(), (Balances{-9, 21}));
+  EXPECT_EQ(account().panels().balanceTotal, "-9,00");
+  EXPECT_FALSE(entry->deleteEnabled());
+  EXPECT_EQ(entry->row().number, "5");
+  EXPECT_EQ(entry->list().lines.back(), " Nr. Movimenti: 4");
+
+  reopen();
+  EXPECT_EQ(balances(), (Balances{91, 121}));
+}
+
+TEST_F(EntryTest, DeletingTheLastMovementKeepsTheOthersAsTheyWere) {
+  openWith(test::fiveMovements());
+  const auto before = test::snapshot(folder);
+  ASSERT_TRUE(entry->selectMovement(5));
+  prompter.answer({Answer::Ok});
+  ASSERT_TRUE(entry->deleteSelected());
+  const auto after = test::snapshot(folder);
+  EXPECT_EQ(after.at("CC1.MOC"), before.at("CC1.MOC"));
+  EXPECT_EQ(after.at("CC1.MOR"), test::le16(4));
+}
+
+TEST_F(EntryTest, CancelledDeletionChangesNothing) {
+  openWith(test::fiveMovements());
+  ASSERT_TRUE(entry->selectMovement(3));
+  const auto before = test::snapshot(folder);
+  const EntryRow row = entry->row();
+  prompter.answer({Answer::Cancel});
+  EXPECT_FALSE(entry->deleteSelected());
+  EXPECT_EQ(test::snapshot(folder), before);
+  EXPECT_EQ(entry->row(), row);
+  EXPECT_EQ(entry->selectedIndex(), 3U);
+}
+
+TEST_F(EntryTest, RefusedSavesShowTheirMessageAndWriteNothing) {
+  struct Case {
+    const char* causale;
+    const char* amount;
+    Message message;
+  };
+  const std::vector<Case> cases = {
+      {"STI", "", errorBox("Campo Importo obbligatorio")},
+      {"ZZZ", "10", errorBox("CODICE CAUSALE NON PRESENTE!")},
+      {"", "10", errorBox("CODICE CAUSALE NON PRESENTE!")},
+      {"STI", "99999999999",
+       errorBox("Saldo fuori dai limiti: l'operazione porterebbe il saldo "
+                "del conto oltre 2.147.483.647 in valore assoluto. Nulla è "
+                "stato registrato.")},
+  };
+  openWith(test::fiveMovements());
+  const auto before = test::snapshot(folder);
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.causale + std::string(" ") + c.amount);
+    prompter.clear();
+    type("21/11/2026", c.causale, c.amount);
+    EXPECT_FALSE(entry->save());
+    EXPECT_EQ(prompter.messages, std::vector<Message>{c.message});
+    EXPECT_EQ(entry->row().amount, c.amount);
+    EXPECT_EQ(test::snapshot(folder), before);
+  }
+}
+
+TEST_F(EntryTest, BalanceThatWouldLeaveThe32BitRangeStopsTheSave) {
+  openWith({{.date = "01/11/2026", .causale = "STI", .amount = 2147483000, .sign = "A"}});
+  const auto before = test::snapshot(folder);
+  type("21/11/2026", "STI", "1000");
+  EXPECT_FALSE(entry->save());
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_EQ(prompter.messages[0].title, "ERRORE");
+  EXPECT_EQ(test::snapshot(folder), before);
+  // A debit brings the saved balance down, although the incremental step alone would overflow.
+  type("21/11/2026", "AFF", "1000");
+  EXPECT_TRUE(entry->save());
+  EXPECT_EQ(account().balanceTotal(), 2147482000);
+}
+
+TEST_F(EntryTest, FullAccountRefusesANewMovement) {
+  openWith(std::vector<MovementSpec>(
+      Movement::kCapacity, {.date = "01/11/2026", .causale = "AFF", .amount = 1, .sign = "D"}));
+  const auto before = test::snapshot(folder);
+  type("21/11/2026", "STI", "1");
+  EXPECT_FALSE(entry->save());
+  EXPECT_EQ(prompter.messages,
+            std::vector<Message>{errorBox(
+                "Archivio pieno: non si possono registrare più di 10000 movimenti in un conto.")});
+  EXPECT_EQ(test::snapshot(folder), before);
+}
+
+TEST_F(EntryTest, LookupFillsDescriptionAndSignOrComplains) {
+  openWith({});
+  entry->row().causale = " CAF ";
+  EXPECT_TRUE(entry->lookupCausale());
+  EXPECT_EQ(entry->row().causale, "CAF");
+  EXPECT_EQ(entry->row().causaleDescription, "Caffè");
+  EXPECT_EQ(signCaption(entry->row().sign), "Dare");
+  entry->row().causale = "caf";
+  EXPECT_FALSE(entry->lookupCausale());
+  EXPECT_EQ(entry->row().causaleDescription, "Caffè");
+  EXPECT_EQ(prompter.messages, std::vector<Message>{errorBox("CODICE CAUSALE NON PRESENTE!")});
+  entry->pickCausale(0);
+  EXPECT_EQ(entry->row().causale, "STI");
+  EXPECT_EQ(signCaption(entry->row().sign), "Avere");
+  EXPECT_EQ(causalePickerRows(session->tables().causali)[2],
+            "CAF   - Caffè" + std::string(20, ' '));
+}
+
+TEST_F(EntryTest, NextNumberIsReadFromTheCountFileWhenTheDateChanges) {
+  openWith(test::fiveMovements());
+  folder.write("CC1.MOR", test::le16(8));
+  entry->setDate("01/01/2027");
+  EXPECT_EQ(entry->row().number, "9");
+  ASSERT_TRUE(entry->selectMovement(2));
+  entry->setDate("03/11/2026");
+  EXPECT_EQ(entry->row().number, "2");  // a movement being changed keeps its number
+}
+
+TEST_F(EntryTest, NewMovementKeepsTheClosedFlagAndLinkOfItsSlot) {
+  // Record 3 is past the count: left there by an earlier deletion or closing.
+  test::writeTable(folder, "CC1.MOC", "CC1.MOR",
+                   {test::movementRecord({.number = 1, .date = "01/11/2026", .sign = "D"}),
+                    test::movementRecord({.number = 2, .date = "02/11/2026", .sign = "D"}),
+                    test::movementRecord({.number = 3,
+                                          .date = "01/01/2020",
+                                          .sign = "A",
+                                          .closed = "S",
+                                          .linkedAccount = "CC2",
+                                          .linkedNumber = "12"})},
+                   2);
+  reopen();
+  type("21/11/2026", "AFF", "5");
+  ASSERT_TRUE(entry->save());
+  EXPECT_EQ(movementBytes(3), test::movementRecord({.number = 3,
+                                                    .date = "21/11/2026",
+                                                    .causale = "AFF",
+                                                    .amount = 5,
+                                                    .sign = "D",
+                                                    .closed = "S",
+                                                    .linkedAccount = "CC2",
+                                                    .linkedNumber = "12"}));
+}
+
+TEST_F(EntryTest, FailedWriteLeavesEveryFileAsItWas) {
+  enum class Op { New, Change, Delete };
+  struct Case {
+    const char* name;
+    Op op;
+    int failingWrite;
+    std::size_t partialBytes;
+  };
+  const std::vector<Case> cases = {
+      {"new: record", Op::New, 1, 0},      {"new: record half written", Op::New, 1, 40},
+      {"new: count", Op::New, 2, 0},       {"new: movement counter", Op::New, 3, 1},
+      {"change", Op::Change, 1, 20},       {"delete: records", Op::Delete, 1, 100},
+      {"delete: count", Op::Delete, 2, 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    openWith(test::fiveMovements());
+    if (c.op != Op::New) {
+      ASSERT_TRUE(entry->selectMovement(2));
+    }
+    type("21/11/2026", "STI", "75");
+    const auto before = test::snapshot(folder);
+    const Balances balancesBefore = balances();
+    prompter.clear();
+    prompter.answer({Answer::Ok});
+    files.failWrite(c.failingWrite, 61, false, c.partialBytes);
+    EXPECT_FALSE(c.op == Op::Delete ? entry->deleteSelected() : entry->save());
+    files.heal();
+    EXPECT_EQ(test::snapshot(folder), before);
+    EXPECT_EQ(balances(), balancesBefore);
+    ASSERT_FALSE(prompter.messages.empty());
+    EXPECT_EQ(prompter.messages.back().title, "Errore Disco");
+    EXPECT_EQ(entry->selectedIndex(), c.op == Op::New ? 0U : 2U);
+    EXPECT_EQ(account().count(), 5U);
+  }
+}
+
+TEST_F(EntryTest, OpeningSetsTheFilterDatesAndTheFilterStaysAfterASave) {
+  test::writeMovements(folder, "CC1", test::fiveMovements());
+  folder.write("CC1.TOC", test::totalsRecord(0, 0, "", ""));
+  reopen();
+  EXPECT_EQ(entry->filter().from, "01/11/2026");  // the earliest movement, when none was stored
+  EXPECT_EQ(entry->filter().to, "22/11/2026");    // the latest movement
+  EXPECT_EQ(entry->view(), ListBuilder::Main);
+
+  entry->filter().from = "02/11/2026";
+  entry->filter().to = "03/11/2026";
+  entry->applyFilter();
+  type("21/11/2026", "STI", "1");
+  ASSERT_TRUE(entry->save());
+  EXPECT_EQ(entry->view(), ListBuilder::Filtered);
+  EXPECT_EQ(entry->list().lines.back(), " Nr. Movimenti: 2");
+  const Bytes toc = folder.read("CC1.TOC");
+  EXPECT_EQ(Bytes(toc.begin() + 16, toc.end()),
+            test::cat({test::text("02/11/2026", 10), test::text("03/11/2026", 10)}));
+
+  entry->refresh();
+  EXPECT_EQ(entry->view(), ListBuilder::Main);
+  EXPECT_EQ(entry->list().lines.back(), " Nr. Movimenti: 6");
+}
+
+}  // namespace
+}  // namespace contavia
