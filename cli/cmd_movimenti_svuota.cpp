@@ -7,14 +7,7 @@
 namespace contavia::cli {
 namespace {
 
-int movimentiSvuota(Context& c) {
-  const Arguments args = c.arguments();
-  args.expectAtMost(1);
-  if (!openWorkingAccount(c, args.positional(0, "CONTO"))) {
-    return kExitStopped;
-  }
-  return clearAccountMovements(c.session) ? kExitDone : kExitStopped;
-}
+int movimentiSvuota(Context& c) { return runOnAccount(c, clearAccountMovements); }
 
 }  // namespace
 

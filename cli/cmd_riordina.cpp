@@ -7,14 +7,7 @@
 namespace contavia::cli {
 namespace {
 
-int riordina(Context& c) {
-  const Arguments args = c.arguments();
-  args.expectAtMost(1);
-  if (!openWorkingAccount(c, args.positional(0, "CONTO"))) {
-    return kExitStopped;
-  }
-  return reorderTwoDigitYears(c.session) ? kExitDone : kExitStopped;
-}
+int riordina(Context& c) { return runOnAccount(c, reorderTwoDigitYears); }
 
 }  // namespace
 

@@ -12,6 +12,15 @@ bool openWorkingAccount(Context& c, const std::string& code) {
   return c.session.openAccountByCode(code);
 }
 
+int runOnAccount(Context& c, bool (*action)(Session&)) {
+  const Arguments args = c.arguments();
+  args.expectAtMost(1);
+  if (!openWorkingAccount(c, args.positional(0, "CONTO"))) {
+    return kExitStopped;
+  }
+  return action(c.session) ? kExitDone : kExitStopped;
+}
+
 std::string typedAmount(std::string_view keys) {
   std::string field;
   for (const char key : keys) {

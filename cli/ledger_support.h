@@ -16,6 +16,10 @@ namespace contavia::cli {
 // message) when there is none.
 bool openWorkingAccount(Context& c, const std::string& code);
 
+// The commands of the Manutenzione menu: the account given as the only argument is chosen, then
+// `action` runs on it. Exit status 0 when the action reports it was carried out, 1 otherwise.
+int runOnAccount(Context& c, bool (*action)(Session&));
+
 // The text the amount field holds after `keys` are typed into it, key by key, under its key
 // rules ("." becomes ","). Throws UsageError when the field would refuse a key (a second
 // decimal separator, a letter, a sign), so that nothing is typed differently from what was meant.
