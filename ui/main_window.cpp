@@ -1,18 +1,337 @@
 #include "ui/main_window.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QStatusBar>
+#include <QToolBar>
 
+#include "archive/frame_commands.h"
 #include "archive/session.h"
+#include "ledger/account_maintenance.h"
+#include "ui/account_panel.h"
+#include "ui/movement_window.h"
+#include "ui/widget_helpers.h"
 
 namespace contavia::ui {
+namespace {
+
+QString defaultFolderChooser(QWidget* parent, const QString& title) {
+  return QFileDialog::getExistingDirectory(parent, title);
+}
+
+void defaultPrinterSetup(QWidget* parent) {
+  // Cancelling the dialog is harmless: nothing to do either way.
+  static QPrinter printer;
+  QPrintDialog dialog(&printer, parent);
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+  dialog.setMinMax(1, 1);
+  dialog.exec();
+}
+
+// The subwindows that are shown and not minimised, in creation order.
+QList<QMdiSubWindow*> normalWindows(QMdiArea* area) {
+  QList<QMdiSubWindow*> result;
+  for (QMdiSubWindow* w : area->subWindowList(QMdiArea::CreationOrder)) {
+    if (w->isVisible() && !w->isMinimized()) {
+      result << w;
+    }
+  }
+  return result;
+}
+
+}  // namespace
 
 MainWindow::MainWindow(Session& session, QWidget* parent)
-    : QMainWindow(parent), session_(session), mdi_(new QMdiArea(this)) {
-  setObjectName("MDIForm1");
+    : QMainWindow(parent),
+      chooseFolder(defaultFolderChooser),
+      printerSetup(defaultPrinterSetup),
+      session_(session),
+      mdi_(named(new QMdiArea, "MDIArea")),
+      panel_(new AccountPanel(session)) {
+  named(this, "MDIForm1");
   setWindowTitle("Contavia");
-  mdi_->setObjectName("MDIArea");
-  setCentralWidget(mdi_);
-  resize(1100, 760);
+  auto* central = new QWidget;
+  auto* layout = new QHBoxLayout(central);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(panel_);
+  layout->addWidget(mdi_, 1);
+  setCentralWidget(central);
+  connect(panel_, &AccountPanel::accountChosen, this, &MainWindow::chooseAccount);
+
+  buildMenus();
+  buildToolBar();
+  buildStatusBar();
+  resize(1180, 780);
+}
+
+QAction* MainWindow::addEntry(QMenu* menu, const char* control, const char* caption,
+                              std::function<void()> handler) {
+  QAction* a = menu->addAction(QString::fromUtf8(caption));
+  a->setObjectName(control);
+  if (handler) {
+    connect(a, &QAction::triggered, this, [handler = std::move(handler)] { handler(); });
+  } else {
+    a->setEnabled(false);
+  }
+  actions_[control] = a;
+  return a;
+}
+
+void MainWindow::buildMenus() {
+  QMenuBar* bar = menuBar();
+  auto menu = [&](const char* control, const char* caption) {
+    QMenu* m = bar->addMenu(QString::fromUtf8(caption));
+    m->setObjectName(control);
+    m->menuAction()->setObjectName(control);
+    actions_[control] = m->menuAction();
+    return m;
+  };
+  auto nothing = [] {};
+
+  QMenu* file = menu("File", "&File");
+  addEntry(file, "parc", "Percorso archivi", [this] { changeFolder(); });
+  addEntry(file, "Close", "Chiudi", [this] { closeAccount(); });
+  addEntry(file, "PRF", "Preferenze", nullptr);
+  addEntry(file, "ImpStam", "Imposta Stampante", [this] { setUpPrinter(); });
+  addEntry(file, "Causali", "Stampa Archivi", nullptr);
+  addEntry(file, "Stampe", "&Stampa Movimenti", nullptr);
+  addEntry(file, "TM", "Totale Movimenti", nullptr);
+  addEntry(file, "TotConti", "Totale conti", nullptr);
+  file->addSeparator()->setObjectName("A");
+  addEntry(file, "Esci", "Esci", [this] { exitWithConfirmation(); });
+
+  QMenu* archives = menu("Arch", "Archivi");
+  addEntry(archives, "GestCau", "Gestione Causali", nullptr);
+  addEntry(archives, "gr", "Gestione gruppi", nullptr);
+  addEntry(archives, "GesTipi", "Gestione Categorie", nullptr);
+  addEntry(archives, "NuovoConto", "&Gestione Conto", nullptr);
+
+  QMenu* maintenance = menu("Manut", "&Manutenzione");
+  addEntry(maintenance, "AnnualeSimulata", "Chiusura periodica", nullptr);
+  addEntry(maintenance, "ra", "Riordina archivio", [this] { reorderYears(); });
+  addEntry(maintenance, "riprchiu", "Ripristina chiusura preccedente", nullptr);
+  addEntry(maintenance, "Sicur", "Esegui copie di sicurezza", nullptr);
+  addEntry(maintenance, "RiprCopie", "Ripristina copie", nullptr);
+  maintenance->addSeparator()->setObjectName("tt");
+  addEntry(maintenance, "CancMov", "Cancella movimenti", [this] { clearMovements(); });
+
+  QMenu* utility = menu("uty", "Utility");
+  addEntry(utility, "dat", "date", nothing);
+  utility->menuAction()->setEnabled(false);
+
+  QMenu* windows = menu("FN", "Finestra");
+  addEntry(windows, "SV", "Sovrapponi", [this] { mdi_->cascadeSubWindows(); });
+  addEntry(windows, "Aor", "Affianca orizzontalmente", [this] { tileHorizontally(); });
+  addEntry(windows, "AFFVer", "Affianca verticalmente", [this] { tileVertically(); });
+  addEntry(windows, "rdico", "Disponi icone", [this] { arrangeIcons(); });
+
+  QAction* help = bar->addAction("?");
+  help->setObjectName("Help");
+  help->setEnabled(false);
+  actions_["Help"] = help;
+}
+
+void MainWindow::buildToolBar() {
+  QToolBar* tools = addToolBar("Strumenti");
+  tools->setObjectName("ToolBar");
+  tools->setMovable(false);
+  auto button = [&](const char* control, const char* caption, std::function<void()> handler) {
+    QAction* a = tools->addAction(QString::fromUtf8(caption));
+    a->setObjectName(control);
+    if (handler) {
+      connect(a, &QAction::triggered, this, [handler = std::move(handler)] { handler(); });
+    } else {
+      a->setEnabled(false);
+    }
+    actions_[control] = a;
+    return a;
+  };
+  button("Command3D4", " Causali ", nullptr);
+  button("PulStampe", " Stampe ", nullptr);
+  button("gruppi", "gruppi", nullptr);
+  button("tipi", "categorie", nullptr);
+  button("totMov", "Totale movimenti", nullptr);
+  button("Vista", "conti", nullptr);
+  QAction* path = button("per", "percorso", [] {});
+  path->setToolTip("cambia percorso archivi");
+  button("Command3D8", "Esci", [this] { exitWithConfirmation(); });
+}
+
+void MainWindow::buildStatusBar() {
+  QStatusBar* bar = statusBar();
+  bar->setObjectName("StatusBar1");
+  for (std::size_t i = 0; i < statusPanels_.size(); ++i) {
+    auto* label = named(new QLabel, QString("Pannello(%1)").arg(i + 1));
+    label->setFrameShape(QFrame::Panel);
+    label->setFrameShadow(QFrame::Sunken);
+    label->setMinimumWidth(i == 2 ? 260 : 130);
+    label->setAlignment(i == 1 || i == 2 ? Qt::AlignLeft | Qt::AlignVCenter
+                                         : Qt::AlignRight | Qt::AlignVCenter);
+    bar->addPermanentWidget(label, i == 2 ? 1 : 0);
+    statusPanels_[i] = label;
+  }
+  statusPanels_[0]->setToolTip("Saldo oggi");
+  statusPanels_[1]->setToolTip("Conto di lavoro");
+  statusPanels_[2]->setToolTip("Cartella dati");
+  statusPanels_[3]->setToolTip("Saldo totale");
+  statusPanels_[4]->setToolTip("Disponibile (saldo oggi più fido)");
+  showBalances();
+}
+
+QAction* MainWindow::action(const QString& controlName) const {
+  const auto it = actions_.find(controlName);
+  return it == actions_.end() ? nullptr : it->second;
+}
+
+MovementWindow* MainWindow::movementWindow() const {
+  return movementFrame_ ? qobject_cast<MovementWindow*>(movementFrame_->widget()) : nullptr;
+}
+
+void MainWindow::showBalances() {
+  const OpenAccount* account = session_.account();
+  const StatusPanels panels = account != nullptr ? account->panels() : StatusPanels{};
+  statusPanels_[0]->setText(QString::fromStdString(panels.balanceToday));
+  statusPanels_[1]->setText(QString::fromStdString(session_.currentAccountCode()));
+  statusPanels_[2]->setText(QString::fromStdString(session_.dir().folder()));
+  statusPanels_[3]->setText(QString::fromStdString(panels.balanceTotal));
+  statusPanels_[4]->setText(QString::fromStdString(panels.available));
+  panel_->showAccount();
+}
+
+void MainWindow::chooseAccount(const QString& item) {
+  const auto index = findAccountByItem(session_.tables().accounts, item.toStdString());
+  if (!index) {
+    return;
+  }
+  closeMovementWindow();
+  session_.openAccount(*index);
+  openMovementWindow();
+  showBalances();
+}
+
+void MainWindow::openMovementWindow() {
+  auto* window = new MovementWindow(session_);
+  connect(window, &MovementWindow::accountChanged, this, &MainWindow::showBalances);
+  movementFrame_ = mdi_->addSubWindow(window);
+  movementFrame_->setAttribute(Qt::WA_DeleteOnClose);
+  movementFrame_->setWindowTitle(window->windowTitle());
+  movementFrame_->show();
+  fitMovementWindow();
+  window->setFocus();
+}
+
+void MainWindow::fitMovementWindow() {
+  // The account view fills the frame beside the panel while it is in its normal state.
+  if (movementFrame_ && session_.account() != nullptr && !movementFrame_->isMinimized() &&
+      !movementFrame_->isMaximized()) {
+    movementFrame_->setGeometry(QRect(QPoint(0, 0), mdi_->viewport()->size()));
+  }
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  fitMovementWindow();
+}
+
+void MainWindow::closeMovementWindow() {
+  if (QMdiSubWindow* frame = movementFrame_) {
+    movementFrame_ = nullptr;
+    frame->close();
+  }
+}
+
+void MainWindow::closeAccount() {
+  closeMovementWindow();
+  session_.closeAccount();
+  showBalances();
+}
+
+void MainWindow::exitWithConfirmation() {
+  if (confirmExit(session_.prompter())) {
+    close();
+  }
+}
+
+void MainWindow::changeFolder() {
+  closeAccount();
+  const QString folder = chooseFolder(this, kFolderBrowserTitle);
+  if (folder.isEmpty()) {
+    return;
+  }
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  session_.changeFolder(folder.toStdString());
+  panel_->fillAllAccounts();
+  showBalances();
+  QApplication::restoreOverrideCursor();
+}
+
+void MainWindow::setUpPrinter() { printerSetup(this); }
+
+void MainWindow::reorderYears() {
+  if (session_.account() != nullptr) {
+    reorderTwoDigitYears(session_);
+  }
+}
+
+void MainWindow::clearMovements() {
+  if (session_.account() == nullptr) {
+    return;
+  }
+  if (clearAccountMovements(session_)) {
+    if (MovementWindow* window = movementWindow()) {
+      window->refresh();
+    }
+    showBalances();
+  }
+}
+
+void MainWindow::tileHorizontally() {
+  const QList<QMdiSubWindow*> windows = normalWindows(mdi_);
+  if (windows.isEmpty()) {
+    return;
+  }
+  const QSize area = mdi_->viewport()->size();
+  const int height = area.height() / static_cast<int>(windows.size());
+  for (int i = 0; i < windows.size(); ++i) {
+    windows[i]->showNormal();
+    windows[i]->setGeometry(0, i * height, area.width(), height);
+  }
+}
+
+void MainWindow::tileVertically() {
+  const QList<QMdiSubWindow*> windows = normalWindows(mdi_);
+  if (windows.isEmpty()) {
+    return;
+  }
+  const QSize area = mdi_->viewport()->size();
+  const int width = area.width() / static_cast<int>(windows.size());
+  for (int i = 0; i < windows.size(); ++i) {
+    windows[i]->showNormal();
+    windows[i]->setGeometry(i * width, 0, width, area.height());
+  }
+}
+
+void MainWindow::arrangeIcons() {
+  // Minimised windows line up along the bottom edge of the frame, left to right.
+  const QSize area = mdi_->viewport()->size();
+  int x = 0;
+  for (QMdiSubWindow* w : mdi_->subWindowList(QMdiArea::CreationOrder)) {
+    if (!w->isMinimized()) {
+      continue;
+    }
+    const QSize size = w->size();
+    w->move(x, area.height() - size.height());
+    x += size.width();
+  }
 }
 
 }  // namespace contavia::ui

@@ -1,9 +1,18 @@
 #pragma once
-// MDIForm1: the frame of the whole program.
+// MDIForm1: the frame of the whole program, with its menus, tool buttons, the account panel on
+// the left and the status bar of the working account's balances.
 
 #include <QMainWindow>
+#include <QPointer>
+#include <array>
+#include <functional>
+#include <map>
 
+class QAction;
+class QLabel;
 class QMdiArea;
+class QMdiSubWindow;
+class QToolButton;
 
 namespace contavia {
 class Session;
@@ -11,16 +20,61 @@ class Session;
 
 namespace contavia::ui {
 
+class AccountPanel;
+class MovementWindow;
+
 class MainWindow : public QMainWindow {
   Q_OBJECT
  public:
   explicit MainWindow(Session& session, QWidget* parent = nullptr);
 
   QMdiArea* mdiArea() const { return mdi_; }
+  AccountPanel* panel() const { return panel_; }
+  // The movement window of the working account, or null when it is not open.
+  MovementWindow* movementWindow() const;
+  // A menu entry or tool button by its control name.
+  QAction* action(const QString& controlName) const;
+
+  // Dialogs of the platform, replaceable by tests: the folder browser (an empty text when
+  // cancelled) and the printer set-up.
+  std::function<QString(QWidget* parent, const QString& title)> chooseFolder;
+  std::function<void(QWidget* parent)> printerSetup;
+
+  // Choosing an item of the account selector.
+  void chooseAccount(const QString& item);
+  // "Chiudi".
+  void closeAccount();
+  // "Esci": the exit question; closes the frame on OK.
+  void exitWithConfirmation();
+  // Refreshes the account panel and the status panels from the working account.
+  void showBalances();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void buildMenus();
+  void buildToolBar();
+  void buildStatusBar();
+  QAction* addEntry(QMenu* menu, const char* control, const char* caption,
+                    std::function<void()> handler);
+  void changeFolder();
+  void setUpPrinter();
+  void reorderYears();
+  void clearMovements();
+  void openMovementWindow();
+  void closeMovementWindow();
+  void fitMovementWindow();
+  void tileHorizontally();
+  void tileVertically();
+  void arrangeIcons();
+
   Session& session_;
   QMdiArea* mdi_;
+  AccountPanel* panel_;
+  QPointer<QMdiSubWindow> movementFrame_;
+  std::map<QString, QAction*> actions_;
+  std::array<QLabel*, 5> statusPanels_{};
 };
 
 }  // namespace contavia::ui

@@ -1,0 +1,81 @@
+#pragma once
+// Form9, "Immissione / Modifica Movimenti": the movement list of the working account with its
+// filter, and the entry row. The window only binds widgets to MovementEntry.
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QComboBox;
+class QDateEdit;
+class QLabel;
+class QLineEdit;
+class QListView;
+class QPushButton;
+class QStringListModel;
+
+namespace contavia {
+class MovementEntry;
+class Session;
+struct Causale;
+}  // namespace contavia
+
+namespace contavia::ui {
+
+class MovementWindow : public QWidget {
+  Q_OBJECT
+ public:
+  explicit MovementWindow(Session& session, QWidget* parent = nullptr);
+  ~MovementWindow() override;
+
+  MovementEntry& entry() { return *entry_; }
+  // Rebuilds the list after a change made elsewhere (a menu command of the main window).
+  void refresh();
+  // Chooses a causale as the picker would; tests and the picker both come here. The picker
+  // itself can be replaced (tests answer it without a dialog).
+  using PickerRunner = std::function<std::optional<int>(const std::vector<Causale>&, QWidget*)>;
+  void setPickerRunner(PickerRunner runner) { runPicker_ = std::move(runner); }
+
+ signals:
+  // The balances or the movements changed: the main window refreshes its panels.
+  void accountChanged();
+
+ private:
+  void build();
+  void showEntry();
+  void showList();
+  void readFields();
+  void onLinePicked(int row);
+  void onSave();
+  void onAbandon();
+  void onDelete();
+  void onFilter();
+  void onPickCausale();
+  void onDateChanged();
+  void lookupCausale();
+
+  Session& session_;
+  std::unique_ptr<MovementEntry> entry_;
+  PickerRunner runPicker_;
+  bool filling_ = false;
+
+  QStringListModel* model_ = nullptr;
+  QListView* list_ = nullptr;
+  QDateEdit* from_ = nullptr;
+  QDateEdit* to_ = nullptr;
+  QComboBox* causaleFilter_ = nullptr;
+  QLabel* number_ = nullptr;
+  QDateEdit* date_ = nullptr;
+  QLineEdit* causale_ = nullptr;
+  QLabel* causaleDescription_ = nullptr;
+  QLabel* sign_ = nullptr;
+  QLineEdit* amount_ = nullptr;
+  QLineEdit* document_ = nullptr;
+  QLineEdit* description_ = nullptr;
+  QPushButton* ok_ = nullptr;
+  QPushButton* clear_ = nullptr;
+  QPushButton* delete_ = nullptr;
+};
+
+}  // namespace contavia::ui
