@@ -94,7 +94,8 @@ std::string OpenAccount::load() {
   balanceTotal_ = roundedOrZero(totals.balanceTotal);
   selectionFrom_ = totals.selectionFrom;
   selectionTo_ = totals.selectionTo;
-  recompute();
+  // The movements were just read from the files: the recompute sums them without reading again.
+  recomputeFrom(movements_);
   return problem;
 }
 
@@ -208,12 +209,16 @@ void OpenAccount::recompute() {
   // Read from the files again, as the stored state is what the balances must follow.
   OpenAccount fromFiles(*dir_, *clock_, code_, creditLine_);
   fromFiles.readMovements(nullptr);
+  recomputeFrom(fromFiles.movements_);
+}
+
+void OpenAccount::recomputeFrom(const std::vector<Movement>& stored) {
   const std::int32_t todayKey = dateKey(clock_->todayText());
   double creditsAll = 0.0;
   double debitsAll = 0.0;
   double creditsToday = 0.0;
   double debitsToday = 0.0;
-  for (const Movement& m : fromFiles.movements_) {
+  for (const Movement& m : stored) {
     const bool credit = isCredit(m.sign);
     const bool upToToday = dateKey(m.operationDate) <= todayKey;
     (credit ? creditsAll : debitsAll) += m.amount;

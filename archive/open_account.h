@@ -86,9 +86,11 @@ class OpenAccount {
 
  private:
   int readMovements(std::string* problem);
+  // The full recompute over movements just read from the files.
+  void recomputeFrom(const std::vector<Movement>& stored);
   void show(double today, double total);
-  bool applyIncrement(const std::string& date, double amount, const std::string& sign,
-                      bool reverse, bool showPanels);
+  bool applyIncrement(const std::string& date, double amount, const std::string& sign, bool reverse,
+                      bool showPanels);
   void writeTotals(double today, double total);
 
   const DataDirectory* dir_;

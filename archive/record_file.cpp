@@ -57,16 +57,17 @@ int readRecordBytes(FileLayer& files, const std::string& path, std::size_t lengt
   if (path.empty()) {
     return diskerr::kBadFileName;
   }
-  std::vector<std::uint8_t> bytes;
-  const int rc = files.read(path, (first - 1) * static_cast<std::uint64_t>(length), length * count,
-                            bytes, true);
+  // Read straight into `out` (a table of 10,000 movements is 870 KB), then zeros past the end.
+  const int rc =
+      files.read(path, (first - 1) * static_cast<std::uint64_t>(length), length * count, out, true);
   if (rc != diskerr::kOk) {
+    out.assign(length * count, 0);
     return rc;
   }
-  std::copy(bytes.begin(), bytes.end(), out.begin());
   if (available != nullptr) {
-    *available = bytes.size() / length;
+    *available = out.size() / length;
   }
+  out.resize(length * count, 0);
   return diskerr::kOk;
 }
 

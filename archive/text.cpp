@@ -1,5 +1,6 @@
 #include "archive/text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace contavia {
@@ -169,7 +170,13 @@ std::string trim(std::string_view text) { return trimLeft(trimRight(text)); }
 
 std::string decodeWindows1252(const std::uint8_t* bytes, std::size_t size) {
   std::string out;
-  out.reserve(size);
+  if (std::all_of(bytes, bytes + size, [](std::uint8_t b) { return b < 0x80; })) {
+    // Plain ASCII, as most fields are: the same bytes, NULs read as blanks.
+    out.assign(reinterpret_cast<const char*>(bytes), size);
+    std::replace(out.begin(), out.end(), '\0', ' ');
+    return out;
+  }
+  out.reserve(size + size / 2);
   for (std::size_t i = 0; i < size; ++i) {
     const std::uint8_t b = bytes[i];
     appendUtf8(out, b == 0 ? U' ' : codePointOfByte(b));

@@ -149,6 +149,8 @@ TEST(Text, Windows1252Fields) {
   }
   const Bytes stored = {'S', 'o', 'c', 'i', 'e', 't', 0xE0, 0x80, 0x00, 0x81};
   EXPECT_EQ(decodeWindows1252(stored.data(), stored.size()), "Società€ \xC2\x81");
+  const Bytes ascii = {'A', 0x00, 'b', ' ', 0x00};  // never-assigned bytes read as blanks
+  EXPECT_EQ(decodeWindows1252(ascii.data(), ascii.size()), "A b  ");
   // Widths are counted in characters, not bytes.
   EXPECT_EQ(padRight("Perù", 6), "Perù  ");
   EXPECT_EQ(padLeft("Società", 8), " Società");

@@ -16,8 +16,11 @@ TEST(DateKey, SortsDatesWithoutCountingDays) {
   EXPECT_EQ(dateKey("01/03/2003") - dateKey("28/02/2003"), 1);
   EXPECT_EQ(dateKey("01/01/2004") - dateKey("01/01/2003"), 366);  // although 2003 has 365 days
   EXPECT_LT(dateKey("31/12/2003"), dateKey("01/01/2004"));
-  // Eight digits without separators read the same.
-  EXPECT_EQ(dateKey("21112026"), dateKey("21/11/2026"));
+  // Eight digits without separators, or blanks for the leading zeros, read the same.
+  for (const char* same : {"21112026", "21/11/2026", "21/11/ 2026", "21/11 /2026"}) {
+    EXPECT_EQ(dateKey(same), 366 * 2026 + 304 + 21) << same;
+  }
+  EXPECT_EQ(dateKey(" 1/ 3/2004"), dateKey("01/03/2004"));
   // A month outside 1..12 counts no days before it; a blank date is 0.
   EXPECT_EQ(dateKey("05/13/2026"), 366 * 2026 + 5);
   EXPECT_EQ(dateKey("          "), 0);
