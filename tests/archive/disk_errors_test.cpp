@@ -132,9 +132,12 @@ TEST_F(GuardedProcedureTest, GivingUpLeavesTheFilesAsTheyWere) {
 class AppendFaultTest : public test::ArchiveTest {
  protected:
   void SetUp() override {
+    // A third record past the count, as a deletion leaves it: the append overwrites it.
     test::writeMovements(folder, "CC1",
                          {{.date = "01/01/2026", .amount = 10, .sign = "A"},
-                          {.date = "02/01/2026", .amount = 4, .sign = "D"}});
+                          {.date = "02/01/2026", .amount = 4, .sign = "D"},
+                          {.date = "09/09/2025", .amount = 99, .sign = "D"}});
+    folder.write("CC1.MOR", test::le16(2));
     folder.write("records.rer", test::le16(7));
     account.load();
     before = test::snapshot(folder);
@@ -151,6 +154,7 @@ class AppendFaultTest : public test::ArchiveTest {
   OpenAccount account{dir, clock, "CC1", ""};
   std::map<std::string, Bytes> before;
   Movement movement;
+  const test::MovementSpec movementSpec{.date = "03/01/2026", .amount = 1};
 };
 
 TEST_F(AppendFaultTest, DiskFullAtAnyWrite) {
@@ -166,6 +170,17 @@ TEST_F(AppendFaultTest, DiskFullAtAnyWrite) {
   files.heal();
   EXPECT_EQ(account.appendMovement(movement), diskerr::kOk);
   EXPECT_EQ(folder.read("CC1.MOR"), test::le16(3));
+}
+
+TEST_F(AppendFaultTest, AFullAccountTakesNoMoreMovements) {
+  test::writeMovements(folder, "FULL", std::vector<test::MovementSpec>(10000, movementSpec));
+  OpenAccount full(dir, clock, "FULL", "");
+  full.load();
+  EXPECT_EQ(full.count(), 10000U);
+  before = test::snapshot(folder);
+  EXPECT_EQ(full.appendMovement(movement), OpenAccount::kCapacityReached);
+  EXPECT_EQ(full.count(), 10000U);
+  EXPECT_EQ(test::snapshot(folder), before);
 }
 
 TEST_F(AppendFaultTest, ReadOnlyFile) {
