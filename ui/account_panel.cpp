@@ -77,7 +77,9 @@ AccountPanel::AccountPanel(Session& session, QWidget* parent)
   accountName_ = named(new ClickableLabel, "NomeContoAttivo");
   accountName_->setWordWrap(true);
   accountAddress_ = named(new ClickableLabel, "IndirizzoContoAttivo");
+  accountAddress_->setWordWrap(true);
   accountTown_ = named(new ClickableLabel, "LocalitaContoAttivo");
+  accountTown_->setWordWrap(true);
   group_ = named(new ClickableLabel, "GruppoConto");
   category_ = named(new ClickableLabel, "TipoConto");
   latestDate_ = named(new ClickableLabel, "UltimaData");

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 #include "archive/clock.h"
 #include "archive/data_directory.h"
@@ -39,7 +40,14 @@ int main(int argc, char** argv) {
   contavia::OsFileLayer files;
   contavia::SystemClock clock;
   contavia::ui::MessageBoxPrompter prompter;
-  contavia::Session session(files, prompter, clock, contavia::DataDirectory::defaultFolder());
+  // "--dati CARTELLA" starts on another data folder, as "Percorso archivi" would.
+  std::string folder = contavia::DataDirectory::defaultFolder();
+  const QStringList args = QApplication::arguments();
+  const qsizetype at = args.indexOf("--dati");
+  if (at >= 0 && at + 1 < args.size()) {
+    folder = args[at + 1].toStdString();
+  }
+  contavia::Session session(files, prompter, clock, folder);
   session.start();
 
   contavia::ui::MainWindow window(session);

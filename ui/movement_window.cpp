@@ -173,7 +173,7 @@ void MovementWindow::build() {
   row->addWidget(amount_, 3, 0, 1, 2);
   row->addWidget(document_, 3, 2);
   row->addWidget(description_, 3, 3, 1, 3);
-  row->setColumnStretch(4, 1);
+  row->setColumnStretch(6, 1);
 
   ok_ = named(new QPushButton("Conferma"), "ok");
   clear_ = named(new QPushButton("Annulla immissione"), "pulisci");
