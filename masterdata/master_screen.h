@@ -23,6 +23,8 @@ struct FieldSpec {
   std::size_t width;
   const char* accepts = nullptr;  // the only characters it takes (kDigits, "AD"); null: any
   bool keptOnClear = false;       // "pulisci" leaves it as it is (the sign options)
+
+  bool digitsOnly() const { return accepts != nullptr && std::string_view(accepts) == kDigits; }
 };
 
 class MasterScreen {
