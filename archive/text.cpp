@@ -1,6 +1,5 @@
 #include "archive/text.h"
 
-#include <algorithm>
 #include <array>
 
 namespace contavia {
@@ -169,17 +168,20 @@ std::string trimLeft(std::string_view text) {
 std::string trim(std::string_view text) { return trimLeft(trimRight(text)); }
 
 std::string decodeWindows1252(const std::uint8_t* bytes, std::size_t size) {
-  std::string out;
-  if (std::all_of(bytes, bytes + size, [](std::uint8_t b) { return b < 0x80; })) {
-    // Plain ASCII, as most fields are: the same bytes, NULs read as blanks.
-    out.assign(reinterpret_cast<const char*>(bytes), size);
-    std::replace(out.begin(), out.end(), '\0', ' ');
-    return out;
-  }
-  out.reserve(size + size / 2);
+  std::string out(size, ' ');  // NUL bytes (fields never assigned) stay blanks
   for (std::size_t i = 0; i < size; ++i) {
     const std::uint8_t b = bytes[i];
-    appendUtf8(out, b == 0 ? U' ' : codePointOfByte(b));
+    if (b >= 0x80) {
+      // Past plain ASCII, as in "Società": the rest character by character.
+      out.resize(i);
+      for (; i < size; ++i) {
+        appendUtf8(out, bytes[i] == 0 ? U' ' : codePointOfByte(bytes[i]));
+      }
+      return out;
+    }
+    if (b != 0) {
+      out[i] = static_cast<char>(b);
+    }
   }
   return out;
 }
