@@ -60,6 +60,12 @@ constexpr std::array<const char*, 10> kBanks = {
     "Banca Monte dei Paschi",    "Banca di Credito Cooperativo", "Banca Mediolanum",
     "Banca Popolare dell'Emilia"};
 
+// Free descriptions of movements; the "n." ones get a number.
+constexpr std::array<const char*, 12> kDescriptions = {
+    "Rossi Mario",          "Fattura n.",         "Spesa supermercato", "Canone mensile",
+    "Rata prestito n.",     "Acquisto online",    "Bianchi S.r.l.",     "Società Elettrica",
+    "Condominio via Verdi", "Assicurazione auto", "Ristorante Da Nino", "Farmacia Perù"};
+
 struct Town {
   const char* name;
   const char* province;
@@ -207,8 +213,13 @@ class Generator {
     return a;
   }
 
-  // Movements in date order, each with the sign of its causale.
+  // Movements in date order, each with the sign of its causale: credits and debits equally
+  // often, whatever the number of causali of each sign.
   std::vector<Movement> movements(const std::vector<Causale>& causali) {
+    std::array<std::vector<std::size_t>, 2> bySign;  // 0 credits, 1 debits
+    for (std::size_t i = 0; i < causali.size(); ++i) {
+      bySign[causali[i].sign == "A" ? 0 : 1].push_back(i);
+    }
     struct Dated {
       int key;
       CalendarDate date;
@@ -229,8 +240,7 @@ class Generator {
     std::vector<Movement> out;
     out.reserve(dates.size());
     for (std::size_t i = 0; i < dates.size(); ++i) {
-      const std::size_t which =
-          static_cast<std::size_t>(uniform(0, static_cast<int>(causali.size()) - 1));
+      const std::size_t which = pick(bySign[static_cast<std::size_t>(uniform(0, 1))]);
       const Causale& c = causali[which];
       const bool known = which < kCausali.size();
       Movement m;
@@ -240,7 +250,8 @@ class Generator {
       m.amount =
           known ? amount(kCausali[which].minAmount, kCausali[which].maxAmount) : amount(1, 2000);
       m.documentNumber = uniform(0, 1) == 0 ? "" : std::to_string(uniform(1, 999999));
-      m.description = c.causaleDescription;
+      const std::string free = pick(kDescriptions);
+      m.description = free.ends_with("n.") ? free + " " + std::to_string(uniform(1, 2000)) : free;
       m.sign = c.sign;
       m.closedFlag = "N";
       out.push_back(std::move(m));
