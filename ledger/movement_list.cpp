@@ -1,8 +1,11 @@
 #include "ledger/movement_list.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 #include <string_view>
 #include <unordered_map>
 
@@ -62,69 +65,124 @@ std::string blanks(std::size_t n) { return std::string(n, ' '); }
 
 std::string dashes(std::size_t leading) { return blanks(leading) + std::string(91, '-'); }
 
-// An ordering key of exactly 8 characters.
+// An ordering key of exactly 8 characters (keys are plain ASCII).
 std::string key8(std::string_view key) { return padRight(key, kKeyWidth); }
 
+bool isAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// `text` cut or padded with blanks to `width` characters. Plain ASCII, as most fields are, is
+// fitted by its bytes; other text by its characters.
+void appendFitted(std::string& out, std::string_view text, std::size_t width) {
+  if (!isAscii(text)) {
+    out += padRight(text, width);
+    return;
+  }
+  const std::size_t kept = std::min(text.size(), width);
+  out.append(text.substr(0, kept));
+  out.append(width - kept, ' ');
+}
+
+// Formatted numbers are plain ASCII: their width is their size.
+void appendPaddedLeft(std::string& out, const std::string& ascii, std::size_t width) {
+  if (ascii.size() < width) {
+    out.append(width - ascii.size(), ' ');
+  }
+  out += ascii;
+}
+
 std::string amountText(double amount, const char* mask, std::size_t width = kAmountWidth) {
-  return padLeft(formatNumber(amount, mask), width);
+  std::string out;
+  appendPaddedLeft(out, formatNumber(amount, mask), width);
+  return out;
+}
+
+// The movement number with the mask "0000".
+std::string movementNumberText(std::int16_t number) {
+  if (number < 0) {
+    return formatNumber(number, "0000");
+  }
+  std::string digits = std::to_string(number);
+  return digits.size() < 4 ? std::string(4 - digits.size(), '0') + digits : digits;
 }
 
 bool isCredit(const Movement& m) { return trim(m.sign) == "A"; }
 
-// The description of each causale code (trimmed), the last of equal codes winning.
-using CausaleNames = std::unordered_map<std::string, std::string>;
+// A causale as a movement line shows it: its whole description (for the causale filter) and the
+// first 18 characters that stand in the line.
+struct CausaleName {
+  std::string description;
+  std::string column;
+};
+
+CausaleName causaleName(const std::string& description) {
+  return {description, leftChars(description, kCausaleWidth)};
+}
+
+// The causale of each code (trimmed), the last of equal codes winning.
+using CausaleNames = std::unordered_map<std::string, CausaleName>;
 
 CausaleNames causaleNames(const std::vector<Causale>& causali) {
   CausaleNames names;
   names.reserve(causali.size());
   for (const Causale& c : causali) {
-    names[trim(c.causaleCode)] = trim(c.causaleDescription);
+    names[trim(c.causaleCode)] = causaleName(trim(c.causaleDescription));
   }
   return names;
 }
 
-// The causale column of a movement: its causale's description, or its own code when the code is
-// not in the table, so that the line still says which causale it carries.
-std::string causaleText(const CausaleNames& names, const Movement& m) {
-  const std::string code = trim(m.causaleCode);
+// The causale of a movement; when its code is not in the table, the code itself, so that the
+// line still says which causale it carries (remembered for the next movement of that code).
+const CausaleName& causaleOf(CausaleNames& names, const Movement& m) {
+  std::string code = trim(m.causaleCode);
   const auto found = names.find(code);
-  return found != names.end() ? found->second : code;
+  if (found != names.end()) {
+    return found->second;
+  }
+  CausaleName name = causaleName(code);
+  return names.emplace(std::move(code), std::move(name)).first->second;
 }
 
-struct Totals2 {
+struct ColumnTotals {
   double debits = 0.0;   // first column
   double credits = 0.0;  // second column
 };
 
-// The two amount columns (27 characters): a debit stands in the first, a credit in the second.
-std::string amountColumns(const std::string& amount, bool credit) {
-  return credit ? blanks(kAmountWidth + 1) + amount : " " + amount + blanks(kAmountWidth);
-}
-
-std::string movementLine(const Movement& m, const std::string& causale, const BuilderStyle& s) {
-  std::string line = padRight(m.operationDate, 10);
+// A movement line with its key in front: 1000000 minus the DateKey, then the date, the number,
+// the two amount columns (27 characters: a debit in the first, a credit in the second), the
+// causale, the document and the description.
+std::string keyedMovementLine(const Movement& m, const std::string& causale,
+                              const BuilderStyle& s) {
+  std::string line;
+  line.reserve(kKeyWidth + 100);
+  appendFitted(line, std::to_string(1000000 - static_cast<std::int64_t>(dateKey(m.operationDate))),
+               kKeyWidth);
+  appendFitted(line, m.operationDate, 10);
   line += ' ';
-  line += formatNumber(m.movementNumber, "0000");
-  line += amountColumns(amountText(m.amount, s.lineMask), isCredit(m));
+  line += movementNumberText(m.movementNumber);
+  if (isCredit(m)) {
+    line.append(kAmountWidth + 1, ' ');
+    appendPaddedLeft(line, formatNumber(m.amount, s.lineMask), kAmountWidth);
+  } else {
+    line += ' ';
+    appendPaddedLeft(line, formatNumber(m.amount, s.lineMask), kAmountWidth);
+    line.append(kAmountWidth, ' ');
+  }
   line += ' ';
-  line += leftChars(causale, kCausaleWidth);
+  line += causale;
   line += '-';
   line += trim(m.documentNumber);
   line += '-';
-  line += padRight(m.description, kDescriptionWidth);
+  appendFitted(line, m.description, kDescriptionWidth);
   return line;
-}
-
-std::string movementKey(const Movement& m) {
-  const std::int64_t order = 1000000 - static_cast<std::int64_t>(dateKey(m.operationDate));
-  return key8(std::to_string(order));
 }
 
 // The carry-forward line with its key: "00001" takes the first three of its leading blanks.
 std::string carryForwardKeyedLine(const CarryForward& carry, const BuilderStyle& s,
-                                  Totals2& totals) {
-  const std::string amount =
-      padLeft(formatNumber(static_cast<double>(carry.carryAmount), s.carryMask), kAmountWidth);
+                                  ColumnTotals& totals) {
+  const std::string amount = amountText(carry.carryAmount, s.carryMask);
   const bool first = carry.carryAmount >= 0;
   const double magnitude = std::abs(static_cast<double>(carry.carryAmount));
   (first ? totals.debits : totals.credits) += magnitude;
@@ -134,22 +192,34 @@ std::string carryForwardKeyedLine(const CarryForward& carry, const BuilderStyle&
   return kKeyCarryForward + line;
 }
 
-bool inDateRange(std::int32_t key, const ListFilter& filter) {
-  if (!trim(filter.from).empty() && key < dateKey(filter.from)) {
-    return false;
-  }
-  if (!trim(filter.to).empty() && key > dateKey(filter.to)) {
-    return false;
-  }
-  return true;
-}
+// What the filtered builder lists: the movements dated within the range (an empty date does not
+// limit its side) whose causale is the chosen one (" TUTTE": any).
+class FilterTest {
+ public:
+  explicit FilterTest(const ListFilter& filter)
+      : from_(boundKey(filter.from, std::numeric_limits<std::int32_t>::min())),
+        to_(boundKey(filter.to, std::numeric_limits<std::int32_t>::max())),
+        anyCausale_(filter.causale.empty() || filter.causale == kAllCausali),
+        causale_(trim(filter.causale)) {}
 
-bool allCausali(const ListFilter& filter) {
-  return filter.causale.empty() || filter.causale == kAllCausali;
-}
+  bool lists(const Movement& m, const CausaleName& causale) const {
+    const std::int32_t key = dateKey(m.operationDate);
+    return key >= from_ && key <= to_ && (anyCausale_ || causale.description == causale_);
+  }
 
-void addTotalsBlock(std::vector<std::string>& keyed, const BuilderStyle& s, const Totals2& totals,
-                    double outOfList, std::size_t listed) {
+ private:
+  static std::int32_t boundKey(const std::string& date, std::int32_t none) {
+    return trim(date).empty() ? none : dateKey(date);
+  }
+
+  std::int32_t from_;
+  std::int32_t to_;
+  bool anyCausale_;
+  std::string causale_;
+};
+
+void addTotalsBlock(std::vector<std::string>& keyed, const BuilderStyle& s,
+                    const ColumnTotals& totals, double outOfList, std::size_t listed) {
   const double balance = outOfList + (totals.credits - totals.debits);
   keyed.push_back(key8(kKeySeparatorAbove) + dashes(2));
   keyed.push_back(key8(kKeyTotals) + s.totalsLabel + amountText(totals.debits, s.totalsMask) +
@@ -160,6 +230,32 @@ void addTotalsBlock(std::vector<std::string>& keyed, const BuilderStyle& s, cons
   keyed.push_back(key8(kKeySeparatorAboveBalance) + dashes(1));
   keyed.push_back(key8(kKeyBalance) + s.balanceLabel + amountText(balance, s.totalsMask));
   keyed.push_back(key8(kKeyCount) + " Nr. Movimenti: " + std::to_string(listed));
+}
+
+// The order of the keyed lines sorted as text, character by character. The lines are compared
+// by their first 24 characters (key, date, number) held side by side, and whole only when those
+// are equal, which keeps 10,000 lines quick to sort.
+std::vector<std::uint32_t> sortedAsText(const std::vector<std::string>& keyed) {
+  constexpr std::size_t kPrefix = 24;
+  struct Entry {
+    // Zeros past the end of a shorter line sort it first, as a shorter text.
+    std::array<unsigned char, kPrefix> prefix{};
+    std::uint32_t index = 0;
+  };
+  std::vector<Entry> entries(keyed.size());
+  for (std::size_t i = 0; i < keyed.size(); ++i) {
+    std::memcpy(entries[i].prefix.data(), keyed[i].data(), std::min(kPrefix, keyed[i].size()));
+    entries[i].index = static_cast<std::uint32_t>(i);
+  }
+  std::sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
+    const int byPrefix = std::memcmp(a.prefix.data(), b.prefix.data(), kPrefix);
+    return byPrefix != 0 ? byPrefix < 0 : keyed[a.index] < keyed[b.index];
+  });
+  std::vector<std::uint32_t> order(entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    order[i] = entries[i].index;
+  }
+  return order;
 }
 
 }  // namespace
@@ -179,13 +275,13 @@ MovementList buildMovementList(const std::vector<Movement>& movements, const Car
                                const ListFilter& filter) {
   const BuilderStyle& style = styleOf(builder);
   const bool filtered = builder == ListBuilder::Filtered;
-  const CausaleNames names = causaleNames(causali);
-  const std::string wantedCausale = trim(filter.causale);
+  const FilterTest filterTest(filter);
+  CausaleNames names = causaleNames(causali);
 
   MovementList list;
   std::vector<std::string> keyed;
   keyed.reserve(movements.size() + 8);
-  Totals2 totals;
+  ColumnTotals totals;
   if (val(carry.carryDate) != 0.0) {
     keyed.push_back(carryForwardKeyedLine(carry, style, totals));
     list.hasCarryForwardLine = true;
@@ -194,22 +290,22 @@ MovementList buildMovementList(const std::vector<Movement>& movements, const Car
   double outOfList = 0.0;
   std::size_t listed = 0;
   for (const Movement& m : movements) {
-    const std::string causale = causaleText(names, m);
-    if (filtered && (!inDateRange(dateKey(m.operationDate), filter) ||
-                     (!allCausali(filter) && causale != wantedCausale))) {
+    const CausaleName& causale = causaleOf(names, m);
+    if (filtered && !filterTest.lists(m, causale)) {
       outOfList += trim(m.sign) == "D" ? -m.amount : m.amount;
       continue;
     }
     (isCredit(m) ? totals.credits : totals.debits) += m.amount;
-    keyed.push_back(movementKey(m) + movementLine(m, causale, style));
+    keyed.push_back(keyedMovementLine(m, causale.column, style));
     ++listed;
   }
   addTotalsBlock(keyed, style, totals, outOfList, listed);
 
-  std::sort(keyed.begin(), keyed.end());
   list.lines.reserve(keyed.size());
-  for (std::string& line : keyed) {
-    list.lines.push_back(line.substr(kKeyWidth));
+  for (const std::uint32_t i : sortedAsText(keyed)) {
+    std::string& line = keyed[i];
+    line.erase(0, kKeyWidth);
+    list.lines.push_back(std::move(line));
   }
   return list;
 }
