@@ -132,18 +132,34 @@ TEST_F(GuardedProcedureTest, GivingUpLeavesTheFilesAsTheyWere) {
 class AppendFaultTest : public test::ArchiveTest {
  protected:
   void SetUp() override {
-    // A third record past the count, as a deletion leaves it: the append overwrites it.
     test::writeMovements(folder, "CC1",
                          {{.date = "01/01/2026", .amount = 10, .sign = "A"},
-                          {.date = "02/01/2026", .amount = 4, .sign = "D"},
-                          {.date = "09/09/2025", .amount = 99, .sign = "D"}});
-    folder.write("CC1.MOR", test::le16(2));
+                          {.date = "02/01/2026", .amount = 4, .sign = "D"}});
     folder.write("records.rer", test::le16(7));
-    account.load();
-    before = test::snapshot(folder);
+    opened();
     movement.operationDate = "03/01/2026";
     movement.amount = 1;
     movement.sign = "D";
+  }
+
+  void opened() {
+    account.load();
+    before = test::snapshot(folder);
+  }
+
+  void expectEveryFaultTakenBack() {
+    for (int write = 1; write <= 3; ++write) {
+      for (std::size_t partial : {std::size_t{0}, std::size_t{1}, std::size_t{50}}) {
+        const std::string what =
+            "write " + std::to_string(write) + ", " + std::to_string(partial) + " bytes written";
+        files.failWrite(write, diskerr::kDiskFull, false, partial);
+        EXPECT_EQ(account.appendMovement(movement), diskerr::kDiskFull) << what;
+        expectNothingChanged(what);
+      }
+    }
+    files.heal();
+    EXPECT_EQ(account.appendMovement(movement), diskerr::kOk);
+    EXPECT_EQ(folder.read("CC1.MOR"), test::le16(3));
   }
 
   void expectNothingChanged(const std::string& what) {
@@ -157,19 +173,16 @@ class AppendFaultTest : public test::ArchiveTest {
   const test::MovementSpec movementSpec{.date = "03/01/2026", .amount = 1};
 };
 
-TEST_F(AppendFaultTest, DiskFullAtAnyWrite) {
-  for (int write = 1; write <= 3; ++write) {
-    for (std::size_t partial : {std::size_t{0}, std::size_t{1}, std::size_t{50}}) {
-      const std::string what =
-          "write " + std::to_string(write) + ", " + std::to_string(partial) + " bytes written";
-      files.failWrite(write, diskerr::kDiskFull, false, partial);
-      EXPECT_EQ(account.appendMovement(movement), diskerr::kDiskFull) << what;
-      expectNothingChanged(what);
-    }
-  }
-  files.heal();
-  EXPECT_EQ(account.appendMovement(movement), diskerr::kOk);
-  EXPECT_EQ(folder.read("CC1.MOR"), test::le16(3));
+TEST_F(AppendFaultTest, DiskFullAtAnyWrite) { expectEveryFaultTakenBack(); }
+
+TEST_F(AppendFaultTest, DiskFullOverAStaleRecord) {
+  // A third record past the count, as a deletion leaves it: the append overwrites it.
+  const Bytes stale = test::movementRecord({.number = 3, .date = "09/09/2025", .amount = 99});
+  Bytes moc = folder.read("CC1.MOC");
+  moc.insert(moc.end(), stale.begin(), stale.end());
+  folder.write("CC1.MOC", moc);
+  opened();
+  expectEveryFaultTakenBack();
 }
 
 TEST_F(AppendFaultTest, AFullAccountTakesNoMoreMovements) {
