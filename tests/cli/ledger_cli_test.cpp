@@ -2,20 +2,17 @@
 // deleting, clearing and "Riordina archivio", with their exit statuses and messages.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "tests/support/archive_bytes.h"
+#include "tests/support/run_program.h"
 #include "tests/support/temp_folder.h"
 
 namespace contavia {
 namespace {
-
-using test::TempFolder;
 
 struct CliRun {
   int status = -1;
@@ -23,39 +20,21 @@ struct CliRun {
   std::string err;
 };
 
-std::string quoted(const std::string& arg) {
-  std::string q = "'";
-  for (const char c : arg) {
-    q += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  }
-  return q + "'";
-}
-
-std::string asText(const test::Bytes& bytes) { return std::string(bytes.begin(), bytes.end()); }
-
 class LedgerCliTest : public ::testing::Test {
  protected:
   // Runs contavia-cli on the test's folder with today 15/03/2025 and no terminal.
-  CliRun cli(const std::vector<std::string>& args) {
-    std::string command =
-        std::string(CONTAVIA_CLI) + " --dati " + quoted(folder.path()) + " --oggi 15/03/2025";
-    for (const std::string& a : args) {
-      command += " " + quoted(a);
-    }
-    command += " >" + io.file("out") + " 2>" + io.file("err") + " </dev/null";
-    const int raw = std::system(command.c_str());
-    CliRun run;
-    run.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-    std::istringstream lines(asText(io.read("out")));
+  CliRun cli(std::vector<std::string> args) {
+    args.insert(args.begin(), {"--dati", folder.path(), "--oggi", "15/03/2025"});
+    const test::ProgramResult result = test::runProgram(CONTAVIA_CLI, args);
+    CliRun run{result.exitCode, {}, result.err};
+    std::istringstream lines(result.out);
     for (std::string line; std::getline(lines, line);) {
       run.out.push_back(line);
     }
-    run.err = asText(io.read("err"));
     return run;
   }
 
-  TempFolder folder;
-  TempFolder io;
+  test::TempFolder folder;
 };
 
 TEST_F(LedgerCliTest, SampleArchiveIsMadeOnceAndItsListAddsUpToTheBalance) {
