@@ -17,6 +17,7 @@
 #include "archive/session.h"
 #include "ledger/account_maintenance.h"
 #include "ui/account_panel.h"
+#include "ui/master_windows.h"
 #include "ui/movement_window.h"
 #include "ui/widget_helpers.h"
 
@@ -110,10 +111,11 @@ void MainWindow::buildMenus() {
   addEntry(file, "Esci", "Esci", [this] { exitWithConfirmation(); });
 
   QMenu* archives = menu("Arch", "Archivi");
-  addEntry(archives, "GestCau", "Gestione Causali", nullptr);
-  addEntry(archives, "gr", "Gestione gruppi", nullptr);
-  addEntry(archives, "GesTipi", "Gestione Categorie", nullptr);
-  addEntry(archives, "NuovoConto", "&Gestione Conto", nullptr);
+  addEntry(archives, "GestCau", "Gestione Causali", [this] { openCausali(); });
+  addEntry(archives, "gr", "Gestione gruppi", [this] { showGroupsWindow(this, session_); });
+  addEntry(archives, "GesTipi", "Gestione Categorie",
+           [this] { showCategoriesWindow(this, session_); });
+  addEntry(archives, "NuovoConto", "&Gestione Conto", [this] { openAccounts(); });
 
   QMenu* maintenance = menu("Manut", "&Manutenzione");
   addEntry(maintenance, "AnnualeSimulata", "Chiusura periodica", nullptr);
@@ -155,12 +157,12 @@ void MainWindow::buildToolBar() {
     actions_[control] = a;
     return a;
   };
-  button("Command3D4", " Causali ", nullptr);
+  button("Command3D4", " Causali ", [this] { openCausali(); });
   button("PulStampe", " Stampe ", nullptr);
-  button("gruppi", "gruppi", nullptr);
-  button("tipi", "categorie", nullptr);
+  button("gruppi", "gruppi", [this] { showGroupsWindow(this, session_); });
+  button("tipi", "categorie", [this] { showCategoriesWindow(this, session_); });
   button("totMov", "Totale movimenti", nullptr);
-  button("Vista", "conti", nullptr);
+  button("Vista", "conti", [this] { openAccounts(); });
   QAction* path = button("per", "percorso", [] {});
   path->setToolTip("cambia percorso archivi");
   button("Command3D8", "Esci", [this] { exitWithConfirmation(); });
@@ -272,6 +274,23 @@ void MainWindow::changeFolder() {
   panel_->fillAllAccounts();
   showBalances();
   QApplication::restoreOverrideCursor();
+}
+
+void MainWindow::openCausali() {
+  showCausaliWindow(this, session_);
+  // The movement list names the causali: build it again with the table as it is now.
+  if (MovementWindow* window = movementWindow()) {
+    window->refresh();
+  }
+}
+
+void MainWindow::openAccounts() {
+  // The working account is closed first, so that it can be changed or deleted like any other.
+  closeAccount();
+  showAccountsWindow(this, session_, [this] {
+    panel_->fillAllAccounts();
+    showBalances();
+  });
 }
 
 void MainWindow::setUpPrinter() { printerSetup(this); }

@@ -59,6 +59,8 @@ class MainWindow : public QMainWindow {
   QAction* addEntry(QMenu* menu, const char* control, const char* caption,
                     std::function<void()> handler);
   void changeFolder();
+  void openCausali();
+  void openAccounts();
   void setUpPrinter();
   void reorderYears();
   void clearMovements();

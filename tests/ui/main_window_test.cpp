@@ -15,6 +15,7 @@
 #include <QRegularExpression>
 #include <QStringListModel>
 #include <QTest>
+#include <QTimer>
 
 #include "archive/clock.h"
 #include "archive/file_layer.h"
@@ -176,6 +177,11 @@ class MainWindowTest : public QObject {
     QVERIFY(!f.frame->action("uty")->isEnabled());
     QCOMPARE(f.frame->action("per")->toolTip(), QString("cambia percorso archivi"));
     QCOMPARE(f.frame->action("Command3D4")->text(), QString(" Causali "));
+    for (const char* control : {"GestCau", "gr", "GesTipi", "NuovoConto", "Command3D4", "gruppi",
+                                "tipi", "Vista"}) {
+      QVERIFY2(f.frame->action(control)->isEnabled(), control);
+    }
+    QCOMPARE(f.frame->action("NuovoConto")->text(), QString("&Gestione Conto"));
   }
 
   void emptyFolderStartsWithNoAccounts() {
@@ -368,6 +374,25 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.session->account()->count(), std::size_t{0});
     QCOMPARE(lines(*f.frame).last(), QString(" Nr. Movimenti: 0"));
     QVERIFY(f.temp.exists("CONTI.CON"));
+  }
+
+  void theAccountsWindowOpensWithTheWorkingAccountClosed() {
+    Fixture f({account("100", "Banca")});
+    f.choose(0);
+    QString shown;
+    bool accountOpen = true;
+    QTimer::singleShot(0, [&] {
+      QWidget* modal = QApplication::activeModalWidget();
+      shown = modal != nullptr ? modal->objectName() : QString();
+      accountOpen = f.session->account() != nullptr;
+      if (modal != nullptr) {
+        modal->close();
+      }
+    });
+    f.frame->action("Vista")->trigger();
+    QCOMPARE(shown, QString("Form2"));
+    QVERIFY(!accountOpen);
+    QVERIFY(f.frame->movementWindow() == nullptr);
   }
 
   void changingTheFolderReloadsTheAccounts() {
