@@ -41,7 +41,7 @@ bool clearAccountMovements(Session& session) {
 }
 
 std::string fourDigitYearDate(const std::string& stored) {
-  const std::string date = trim(stored);
+  std::string date = trim(stored);
   const std::size_t length = charCount(date);
   if (length >= 10 || length < 5) {
     return date;
