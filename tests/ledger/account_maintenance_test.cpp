@@ -110,16 +110,5 @@ TEST_F(MaintenanceTest, ReorderRewritesOnlyTheShortDatesAndTwiceChangesNothing) 
   EXPECT_EQ(test::snapshot(folder), once);
 }
 
-TEST_F(MaintenanceTest, ReorderStopsAtAFailedWriteAndSaysSo) {
-  test::writeMovements(folder, "CC1", {{.date = "05/03/98", .amount = 1, .sign = "D"}});
-  reopen();
-  const auto before = test::snapshot(folder);
-  files.failWrite(1, 61);
-  EXPECT_FALSE(reorderTwoDigitYears(*session));
-  EXPECT_EQ(test::snapshot(folder), before);
-  ASSERT_EQ(prompter.messages.size(), 1U);
-  EXPECT_EQ(prompter.messages[0].title, "Errore Disco");
-}
-
 }  // namespace
 }  // namespace contavia

@@ -148,13 +148,6 @@ TEST(MovementListTest, FilteredBuilderPutsWhatItLeavesOutInTheOutOfListAmount) {
        "   Fuori lista" + sp(5) + "-642,40",
        "     Saldo       1.235.775,99",
        " Nr. Movimenti: 2"},
-      {"nothing in range",
-       {"01/01/2025", "31/12/2025", " TUTTE"},
-       {},
-       "  Totali     " + sp(9) + "0,00" + sp(9) + "0,00",
-       "   Fuori lista1.235.775,99",
-       "     Saldo       1.235.775,99",
-       " Nr. Movimenti: 0"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -170,12 +163,6 @@ TEST(MovementListTest, FilteredBuilderPutsWhatItLeavesOutInTheOutOfListAmount) {
     EXPECT_EQ(list.lines[n + 5], c.balance);
     EXPECT_EQ(list.lines[n + 6], c.count);
   }
-}
-
-TEST(MovementListTest, CausaleSelectorListsEveryDescriptionAfterTutte) {
-  EXPECT_EQ(causaleSelectorItems(kCausali),
-            (std::vector<std::string>{" TUTTE", "Vecchia descrizione",
-                                      "Affitto e spese condominiali", "Caffè", "Stipendio"}));
 }
 
 TEST(MovementListTest, PickedLineGivesTheNumberWrittenInIt) {
