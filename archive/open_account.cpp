@@ -87,7 +87,6 @@ std::string OpenAccount::load() {
   readMovements(&problem);
   FileLayer& files = dir_->files();
   readRecord(files, filePath(filename::kCarryForward), 1, carry_);
-  readRecord(files, filePath(filename::kClosingUndo), 1, undo_);
   Totals totals;
   readRecord(files, filePath(filename::kTotals), 1, totals);
   balanceToday_ = roundedOrZero(totals.balanceToday);
@@ -103,7 +102,6 @@ void OpenAccount::reloadMovements() { readMovements(nullptr); }
 
 void OpenAccount::reloadCarryForward() {
   readRecord(dir_->files(), filePath(filename::kCarryForward), 1, carry_);
-  readRecord(dir_->files(), filePath(filename::kClosingUndo), 1, undo_);
 }
 
 int OpenAccount::appendMovement(Movement movement) {

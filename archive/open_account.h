@@ -30,7 +30,7 @@ class OpenAccount {
   OpenAccount(const DataDirectory& dir, const Clock& clock, const std::string& code,
               std::string creditLine);
 
-  // Loads count, movements, carry-forward, closing-undo and totals, then recomputes. Returns a
+  // Loads count, movements, carry-forward and totals, then recomputes. Returns a
   // description of any damage found (empty when the files are sound).
   std::string load();
 
@@ -41,7 +41,6 @@ class OpenAccount {
   std::size_t count() const { return movements_.size(); }
   const Movement& movement(std::size_t number) const { return movements_.at(number - 1); }
   const CarryForward& carryForward() const { return carry_; }
-  const ClosingUndo& closingUndo() const { return undo_; }
 
   std::int32_t balanceTotal() const { return balanceTotal_; }
   std::int32_t balanceToday() const { return balanceToday_; }
@@ -65,7 +64,7 @@ class OpenAccount {
   int replaceMovements(std::vector<Movement> kept);
   // Reads count and movements from the files again.
   void reloadMovements();
-  // Reads the carry-forward and closing-undo records again.
+  // Reads the carry-forward record again.
   void reloadCarryForward();
 
   // The incremental update by one movement (amount rounded half to even): "A" lowers the
@@ -99,7 +98,6 @@ class OpenAccount {
   std::string creditLine_;
   std::vector<Movement> movements_;
   CarryForward carry_;
-  ClosingUndo undo_;
   std::int32_t balanceTotal_ = 0;
   std::int32_t balanceToday_ = 0;
   StatusPanels panels_;
