@@ -36,6 +36,9 @@ struct TableCase {
   std::function<Bytes(int number, int k, int codeK)> bytes;
 };
 
+// The case's name in test listings, instead of its bytes.
+void PrintTo(const TableCase& c, std::ostream* os) { *os << c.name; }
+
 std::string nth(const char* prefix, int k) { return prefix + std::to_string(k); }
 
 template <class Screen>
