@@ -126,6 +126,7 @@ int OpenAccount::appendMovement(Movement movement) {
     rc = writeCount(journal, counterPath, counter);
   }
   if (rc != diskerr::kOk) {
+    failedFile_ = journal.failedFileName();
     journal.rollback();
     return rc;
   }
@@ -138,6 +139,7 @@ int OpenAccount::rewriteMovement(std::size_t number, Movement movement) {
   WriteJournal journal(dir_->files());
   const int rc = writeRecord(journal, filePath(filename::kMovements), number, movement);
   if (rc != diskerr::kOk) {
+    failedFile_ = journal.failedFileName();
     journal.rollback();
     return rc;
   }
@@ -159,6 +161,7 @@ int OpenAccount::replaceMovements(std::vector<Movement> kept) {
                     static_cast<std::int16_t>(kept.size()));
   }
   if (rc != diskerr::kOk) {
+    failedFile_ = journal.failedFileName();
     journal.rollback();
     return rc;
   }

@@ -82,6 +82,8 @@ class OpenAccount {
   std::string latestDate() const;
 
   static constexpr int kCapacityReached = -1;
+  // The file whose write failed in the last movement write that did not succeed.
+  const std::string& failedFile() const { return failedFile_; }
 
  private:
   int readMovements(std::string* problem);
@@ -105,6 +107,7 @@ class OpenAccount {
   double shownTotal_ = 0.0;
   std::string selectionFrom_;
   std::string selectionTo_;
+  std::string failedFile_;
 };
 
 // The panel texts of two balances and a credit line: "###,###,##0.00" of the balance for today,

@@ -11,6 +11,19 @@ int WriteJournal::write(const std::string& path, std::uint64_t offset,
   if (path.empty()) {
     return diskerr::kBadFileName;
   }
+  const int rc = writeRemembering(path, offset, data);
+  if (rc != diskerr::kOk) {
+    failedPath_ = path;
+  }
+  return rc;
+}
+
+std::string WriteJournal::failedFileName() const {
+  return failedPath_.substr(failedPath_.find_last_of('/') + 1);
+}
+
+int WriteJournal::writeRemembering(const std::string& path, std::uint64_t offset,
+                                   const std::vector<std::uint8_t>& data) {
   Entry entry;
   entry.path = path;
   entry.offset = offset;

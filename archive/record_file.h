@@ -26,6 +26,8 @@ class WriteJournal {
   // Puts every file written back as it was, latest write first.
   void rollback();
   bool empty() const { return entries_.empty(); }
+  // The name (without folder) of the file whose write failed last; empty when none did.
+  std::string failedFileName() const;
 
  private:
   struct Entry {
@@ -35,8 +37,12 @@ class WriteJournal {
     std::uint64_t previousSize = 0;
     bool existed = false;
   };
+  int writeRemembering(const std::string& path, std::uint64_t offset,
+                       const std::vector<std::uint8_t>& data);
+
   FileLayer* files_;
   std::vector<Entry> entries_;
+  std::string failedPath_;
 };
 
 // Reads `count` records from record `first`; the result holds exactly count*length bytes, zeros

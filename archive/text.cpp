@@ -1,5 +1,6 @@
 #include "archive/text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace contavia {
@@ -84,10 +85,21 @@ char32_t decodeAt(std::string_view text, std::size_t i, std::size_t len) {
   return cp;
 }
 
-// Byte offset of character number `chars` (or text.size() when the text is shorter).
-std::size_t byteOffsetOfChar(std::string_view text, std::size_t chars) {
+// Length of the run of plain ASCII bytes at the start of text, up to `limit` bytes.
+std::size_t asciiRun(std::string_view text, std::size_t limit) {
+  const std::size_t end = std::min(limit, text.size());
   std::size_t i = 0;
-  for (std::size_t c = 0; c < chars && i < text.size(); ++c) {
+  while (i < end && static_cast<std::uint8_t>(text[i]) < 0x80) {
+    ++i;
+  }
+  return i;
+}
+
+// Byte offset of character number `chars` (or text.size() when the text is shorter). Plain
+// ASCII, by far the most common text, is one byte a character.
+std::size_t byteOffsetOfChar(std::string_view text, std::size_t chars) {
+  std::size_t i = asciiRun(text, chars);
+  for (std::size_t c = i; c < chars && i < text.size(); ++c) {
     i += sequenceLength(text, i);
   }
   return i;
@@ -98,8 +110,8 @@ bool isBlank(char c) { return c == ' '; }
 }  // namespace
 
 std::size_t charCount(std::string_view text) {
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < text.size(); i += sequenceLength(text, i)) {
+  std::size_t count = asciiRun(text, text.size());
+  for (std::size_t i = count; i < text.size(); i += sequenceLength(text, i)) {
     ++count;
   }
   return count;
@@ -124,9 +136,11 @@ std::string midChars(std::string_view text, std::size_t start, std::size_t count
 }
 
 std::string padRight(std::string_view text, std::size_t width) {
-  std::string out = leftChars(text, width);
-  const std::size_t n = charCount(out);
-  out.append(width - n, ' ');
+  const std::size_t cut = byteOffsetOfChar(text, width);
+  std::string out;
+  out.reserve(cut + width);
+  out.append(text.substr(0, cut));
+  out.append(width - charCount(out), ' ');
   return out;
 }
 

@@ -65,7 +65,7 @@ bool reorderTwoDigitYears(Session& session) {
     m.operationDate = date;
     const int rc = account->rewriteMovement(number, m);
     if (rc != diskerr::kOk) {
-      reportWriteFailure(session.prompter(), account->code() + filename::kMovements, rc);
+      reportWriteFailure(session.prompter(), account->failedFile(), rc);
       return false;
     }
   }

@@ -247,7 +247,7 @@ bool MovementEntry::saveNew(double amount, const std::string& date) {
     return stop(tableFullText(Movement::kCapacity, "movimenti in un conto"));
   }
   if (rc != diskerr::kOk) {
-    reportWriteFailure(session_.prompter(), a.code() + filename::kMovements, rc);
+    reportWriteFailure(session_.prompter(), a.failedFile(), rc);
     return false;
   }
   readCount(session_.files(), session_.dir().path(filename::kMovementCounter),
@@ -265,7 +265,7 @@ bool MovementEntry::saveChanged(double amount, const std::string& date) {
   }
   const int rc = a.rewriteMovement(selected_, m);
   if (rc != diskerr::kOk) {
-    reportWriteFailure(session_.prompter(), a.code() + filename::kMovements, rc);
+    reportWriteFailure(session_.prompter(), a.failedFile(), rc);
     return false;
   }
   finishSave(m);
@@ -316,7 +316,7 @@ bool MovementEntry::deleteSelected() {
   }
   const int rc = a.replaceMovements(std::move(kept));
   if (rc != diskerr::kOk) {
-    reportWriteFailure(session_.prompter(), a.code() + filename::kMovements, rc);
+    reportWriteFailure(session_.prompter(), a.failedFile(), rc);
     return false;
   }
   rebuild();

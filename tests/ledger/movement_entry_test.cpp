@@ -277,12 +277,16 @@ TEST_F(EntryTest, FailedWriteLeavesEveryFileAsItWas) {
     Op op;
     int failingWrite;
     std::size_t partialBytes;
+    const char* failingFile;  // named in the message
   };
   const std::vector<Case> cases = {
-      {"new: record", Op::New, 1, 0},      {"new: record half written", Op::New, 1, 40},
-      {"new: count", Op::New, 2, 0},       {"new: movement counter", Op::New, 3, 1},
-      {"change", Op::Change, 1, 20},       {"delete: records", Op::Delete, 1, 100},
-      {"delete: count", Op::Delete, 2, 0},
+      {"new: record", Op::New, 1, 0, "CC1.MOC"},
+      {"new: record half written", Op::New, 1, 40, "CC1.MOC"},
+      {"new: count", Op::New, 2, 0, "CC1.MOR"},
+      {"new: movement counter", Op::New, 3, 1, "records.rer"},
+      {"change", Op::Change, 1, 20, "CC1.MOC"},
+      {"delete: records", Op::Delete, 1, 100, "CC1.MOC"},
+      {"delete: count", Op::Delete, 2, 0, "CC1.MOR"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -302,6 +306,10 @@ TEST_F(EntryTest, FailedWriteLeavesEveryFileAsItWas) {
     EXPECT_EQ(balances(), balancesBefore);
     ASSERT_FALSE(prompter.messages.empty());
     EXPECT_EQ(prompter.messages.back().title, "Errore Disco");
+    EXPECT_EQ(prompter.messages.back().text,
+              std::string("Impossibile scrivere il file ") + c.failingFile +
+                  " (disco pieno). L'operazione è stata annullata e i dati non sono stati "
+                  "modificati.");
     EXPECT_EQ(entry->selectedIndex(), c.op == Op::New ? 0U : 2U);
     EXPECT_EQ(account().count(), 5U);
   }
