@@ -74,9 +74,10 @@ MainWindow::MainWindow(Session& session, QWidget* parent)
   resize(1180, 780);
 }
 
-QAction* MainWindow::addEntry(QMenu* menu, const char* control, const char* caption,
+QAction* MainWindow::addEntry(QWidget* menuOrBar, const char* control, const char* caption,
                               std::function<void()> handler) {
-  QAction* a = menu->addAction(QString::fromUtf8(caption));
+  auto* a = new QAction(QString::fromUtf8(caption), menuOrBar);
+  menuOrBar->addAction(a);
   a->setObjectName(control);
   if (handler) {
     connect(a, &QAction::triggered, this, [handler = std::move(handler)] { handler(); });
@@ -147,15 +148,7 @@ void MainWindow::buildToolBar() {
   tools->setObjectName("ToolBar");
   tools->setMovable(false);
   auto button = [&](const char* control, const char* caption, std::function<void()> handler) {
-    QAction* a = tools->addAction(QString::fromUtf8(caption));
-    a->setObjectName(control);
-    if (handler) {
-      connect(a, &QAction::triggered, this, [handler = std::move(handler)] { handler(); });
-    } else {
-      a->setEnabled(false);
-    }
-    actions_[control] = a;
-    return a;
+    return addEntry(tools, control, caption, std::move(handler));
   };
   button("Command3D4", " Causali ", [this] { openCausali(); });
   button("PulStampe", " Stampe ", nullptr);

@@ -56,7 +56,8 @@ class MainWindow : public QMainWindow {
   void buildMenus();
   void buildToolBar();
   void buildStatusBar();
-  QAction* addEntry(QMenu* menu, const char* control, const char* caption,
+  // A menu entry or tool button with its control name; without a handler it is disabled.
+  QAction* addEntry(QWidget* menuOrBar, const char* control, const char* caption,
                     std::function<void()> handler);
   void changeFolder();
   void openCausali();
