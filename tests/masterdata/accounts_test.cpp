@@ -171,16 +171,6 @@ TEST_F(AccountsTest, AChosenAccountKeepsItsCodeAndIsNotItsOwnDuplicate) {
   EXPECT_EQ(session.tables().accounts.at(1).creditLine, "12             ");
 }
 
-TEST_F(AccountsTest, EnterInAnEmptyCodeIsRefused) {
-  Session session = startedSession();
-  AccountsScreen screen(session);
-  EXPECT_FALSE(screen.enter("CodConto"));
-  EXPECT_EQ(prompter.messages, std::vector<Message>{errorBox("Campo obbligatorio")});
-  screen.setField("CodConto", "1");
-  EXPECT_TRUE(screen.enter("CodConto"));
-  EXPECT_TRUE(screen.enter("NomeConto"));
-}
-
 TEST_F(AccountsTest, TheWorkingAccountCannotBeDeleted) {
   writeAccounts({"1", "2"});
   test::writeMovements(folder, "2", {{.causale = "VER"}});

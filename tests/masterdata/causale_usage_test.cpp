@@ -103,15 +103,6 @@ TEST_F(CausaleUsageTest, AReplacedSlotStaysForTheAccountsScannedAfter) {
   EXPECT_EQ(countCausaleUses(dir, accounts({"B", "A"}), {}, "VER"), 1);
 }
 
-TEST_F(CausaleUsageTest, TheWorkingAccountsMovementsFillTheSlotsNotReplaced) {
-  writeAccount("A", {"PRE", "PRE", "PRE"});
-  const auto working = movements({"VER", "BON", "VER", "VER"});
-  // Slots 1 and 2 are the working account's, slot 3 becomes A's last movement.
-  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), working, "VER"), 1);
-  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), working, "PRE"), 1);
-  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), working, "BON"), 1);
-}
-
 TEST_F(CausaleUsageTest, AgreesWithTheLiteralScanOnVariedArchives) {
   const std::array<std::string, 4> causali = {"VER", "PRE", "BON", "ver"};
   std::mt19937 random(20261121);

@@ -100,16 +100,6 @@ TEST_F(CausaliTest, AMissingFieldBeepsAndEmptiesTheCodeButBlanksPass) {
   EXPECT_EQ(folder.read("Causali.CAP"), test::causaleRecord(1, "", "", ""));
 }
 
-TEST_F(CausaliTest, PulisciKeepsTheSignOptionsWhichTakeOnlyAOrD) {
-  writeCausali();
-  Session session = startedSession();
-  CausaliScreen screen(session);
-  screen.chooseRow(1);
-  screen.clear();
-  EXPECT_EQ(screen.field("DarAver"), "D");
-  EXPECT_FALSE(screen.setField("DarAver", "X"));
-}
-
 TEST_F(CausaliTest, DeleteWritesCausaliConAndTheDeletedCausaleComesBackOnReopening) {
   writeCausali();
   Session session = startedSession();

@@ -101,21 +101,5 @@ TEST_F(GroupsCategoriesTest, CategoriesOfferTheGroupNamesAndMayHaveNone) {
   EXPECT_EQ(session.tables().categories.size(), 4U);
 }
 
-TEST_F(GroupsCategoriesTest, DuplicateCodesAreRefusedWithTheirOwnText) {
-  Session session = startedSession();
-  GroupsScreen groups(session);
-  groups.setField("CodGruppi", "G1");
-  groups.setField("DescGruppi", "Altro");
-  EXPECT_FALSE(groups.save());
-  CategoriesScreen categories(session);
-  categories.setField("CodCausale", "T2");
-  categories.setField("DescCausale", "Altro");
-  EXPECT_FALSE(categories.save());
-  EXPECT_EQ(prompter.texts(),
-            (std::vector<std::string>{"Nr. codice già presente", "Nr. codice già presente"}));
-  EXPECT_EQ(groups.field("DescGruppi"), "");
-  EXPECT_EQ(categories.field("DescCausale"), "");
-}
-
 }  // namespace
 }  // namespace contavia
