@@ -31,14 +31,22 @@ const Archive& archive() {
   return a;
 }
 
-void BM_CausaleUsesCount(benchmark::State& state) {
-  const Archive& a = archive();
+// The program started on the archive, with its first account as the working account (its
+// movements fill the in-memory slots the check compares).
+struct Started {
+  Started() : session(files, prompter, kClock, archive().folder.path()) {
+    session.start();
+    session.openAccount(0);
+  }
   OsFileLayer files;
   QuietPrompter prompter;
-  Session session(files, prompter, kClock, a.folder.path());
-  session.start();
-  session.openAccount(0);  // the working account's movements fill the slots
-  const std::string code = a.generated.causali.front().causaleCode;
+  Session session;
+};
+
+void BM_CausaleUsesCount(benchmark::State& state) {
+  Started started;
+  Session& session = started.session;
+  const std::string code = archive().generated.causali.front().causaleCode;
   std::int64_t uses = 0;
   for (auto _ : state) {
     uses = countCausaleUses(session.dir(), session.tables().accounts,
@@ -51,14 +59,9 @@ void BM_CausaleUsesCount(benchmark::State& state) {
 BENCHMARK(BM_CausaleUsesCount)->Unit(benchmark::kMillisecond);
 
 void BM_CausaleDeleteRefused(benchmark::State& state) {
-  const Archive& a = archive();
-  OsFileLayer files;
-  QuietPrompter prompter;
-  Session session(files, prompter, kClock, a.folder.path());
-  session.start();
-  session.openAccount(0);
+  Started started;
   for (auto _ : state) {
-    CausaliScreen screen(session);
+    CausaliScreen screen(started.session);
     screen.chooseRow(0);
     const bool removed = screen.remove();
     benchmark::DoNotOptimize(removed);
