@@ -6,6 +6,7 @@
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QListView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -26,6 +27,7 @@
 #include "tests/support/scripted_prompter.h"
 #include "tests/support/temp_folder.h"
 #include "ui/account_panel.h"
+#include "ui/causale_picker.h"
 #include "ui/main_window.h"
 #include "ui/movement_window.h"
 
@@ -301,6 +303,33 @@ class MainWindowTest : public QObject {
     QCOMPARE(child<QLineEdit>(w, "IMPORTO")->text(), QString());
     QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
     QVERIFY(f.prompter.messages.empty());
+  }
+
+  void thePickerListsTheCausaliAndFillsTheEntryRow() {
+    const std::vector<Causale> causali = {causale("ST", "Stipendio", "A"),
+                                          causale("AF", "Affitto di casa", "D")};
+    ui::CausalePicker picker(causali);
+    picker.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&picker));
+    auto* list = picker.list();
+    QCOMPARE(list->count(), 2);
+    QCOMPARE(list->item(1)->text(), QString("AF    - Affitto di casa") + QString(10, ' '));
+    list->setCurrentRow(1);
+    QTest::mouseClick(child<QPushButton>(&picker, "ok"), Qt::LeftButton);
+    QCOMPARE(picker.chosenRow(), std::optional<int>(1));
+    QCOMPARE(picker.result(), int(QDialog::Accepted));
+
+    Fixture f({account("100", "Banca")}, causali);
+    f.choose(0);
+    QWidget* w = &f.form9();
+    f.form9().setPickerRunner([](const std::vector<Causale>& shown, QWidget*) {
+      return shown.size() == 2 ? std::optional<int>(1) : std::nullopt;
+    });
+    QTest::mouseClick(child<QPushButton>(w, "command3d1"), Qt::LeftButton);
+    QCOMPARE(child<QLineEdit>(w, "Causale")->text(), QString("AF"));
+    QCOMPARE(child<QLabel>(w, "DescrCausale")->text(), QString("Affitto di casa"));
+    QCOMPARE(child<QLabel>(w, "D_A")->text(), QString("Dare"));
+    QVERIFY(child<QLineEdit>(w, "IMPORTO")->hasFocus());
   }
 
   void unknownCausaleIsRefusedWhenMovingToTheAmount() {
