@@ -85,7 +85,7 @@ void MasterWindow::buildList(const WindowLook& look) {
   const QFontMetrics metrics(list_->font());
   list_->setMinimumWidth(metrics.horizontalAdvance(QString(look.listColumns + 1, QChar('M'))) +
                          2 * list_->frameWidth() + list_->verticalScrollBar()->sizeHint().width());
-  list_->setMinimumHeight(metrics.lineSpacing() * 12);
+  list_->setMinimumHeight(metrics.lineSpacing() * 20);
   connect(list_, &QListWidget::currentRowChanged, this, &MasterWindow::choose);
   connect(list_, &QListWidget::itemClicked, this,
           [this](QListWidgetItem* item) { choose(list_->row(item)); });
