@@ -147,8 +147,8 @@ bool runGuarded(Prompter& prompter, WriteJournal* journal,
       if (journal != nullptr) {
         journal->rollback();
       }
-      const char* text = abandoned.verdict == kVerdictUnknown ? "Erore non riconosciuto"
-                                                               : "Errore irrecuperabile";
+      const char* text =
+          abandoned.verdict == kVerdictUnknown ? "Erore non riconosciuto" : "Errore irrecuperabile";
       prompter.show(Message{kDiskErrorTitle, text, Buttons::Ok, Icon::Exclamation, Answer::Ok});
       return false;
     }

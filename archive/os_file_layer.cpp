@@ -129,8 +129,8 @@ int OsFileLayer::read(const std::string& path, std::uint64_t offset, std::size_t
   out.resize(size);
   std::size_t done = 0;
   while (done < size) {
-    const ssize_t n = ::pread(fd.get(), out.data() + done, size - done,
-                              static_cast<off_t>(offset + done));
+    const ssize_t n =
+        ::pread(fd.get(), out.data() + done, size - done, static_cast<off_t>(offset + done));
     if (n < 0) {
       if (errno == EINTR) {
         continue;

@@ -31,9 +31,9 @@ class Prompter {
 inline constexpr const char* kProgramTitle = "Contavia";
 
 // Message box builders for the three kinds of box the system uses.
-Message errorBox(std::string text);                         // "ERRORE", OK, exclamation
-Message warningQuestion(std::string text);                  // "AVVERTIMENTO!", OK/Cancel
-Message plainBox(std::string title, std::string text);      // OK, no icon
+Message errorBox(std::string text);                     // "ERRORE", OK, exclamation
+Message warningQuestion(std::string text);              // "AVVERTIMENTO!", OK/Cancel
+Message plainBox(std::string title, std::string text);  // OK, no icon
 
 // Shows a question and tells whether the user pressed OK.
 bool confirm(Prompter& prompter, const Message& question);

@@ -77,6 +77,6 @@ int requireNumber(const std::string& text, const char* what);
 
 #define CONTAVIA_CONCAT_INNER(a, b) a##b
 #define CONTAVIA_CONCAT(a, b) CONTAVIA_CONCAT_INNER(a, b)
-#define CONTAVIA_COMMAND(name, usage, summary, fn)                     \
-  static const ::contavia::cli::Registration CONTAVIA_CONCAT(          \
+#define CONTAVIA_COMMAND(name, usage, summary, fn)            \
+  static const ::contavia::cli::Registration CONTAVIA_CONCAT( \
       registration_, __LINE__)(::contavia::cli::CommandInfo{name, usage, summary, fn})

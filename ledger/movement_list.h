@@ -18,9 +18,9 @@ enum class ListBuilder {
 };
 
 struct ListFilter {
-  std::string from;                 // `DataInizSel`, "dd/mm/yyyy"
-  std::string to;                   // `Datafinesel`, "dd/mm/yyyy"
-  std::string causale = " TUTTE";   // an item of the causale selector
+  std::string from;                // `DataInizSel`, "dd/mm/yyyy"
+  std::string to;                  // `Datafinesel`, "dd/mm/yyyy"
+  std::string causale = " TUTTE";  // an item of the causale selector
 };
 
 struct MovementList {

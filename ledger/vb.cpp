@@ -59,10 +59,11 @@ bool incrementDigits(std::string& digits) {
 // The digits of |value| rounded half away from zero to `decimals` places, from its
 // 15-significant-digit decimal form: integer digits (no leading zeros) and exactly `decimals`
 // fraction digits.
-void roundedDigits(double value, std::size_t decimals, std::string& integer, std::string& fraction) {
+void roundedDigits(double value, std::size_t decimals, std::string& integer,
+                   std::string& fraction) {
   char buf[64];
-  const auto res = std::to_chars(buf, buf + sizeof buf, std::fabs(value),
-                                 std::chars_format::scientific, 14);
+  const auto res =
+      std::to_chars(buf, buf + sizeof buf, std::fabs(value), std::chars_format::scientific, 14);
   const std::string_view text(buf, static_cast<std::size_t>(res.ptr - buf));
   const std::size_t e = text.find('e');
   std::string mantissa;
@@ -169,8 +170,8 @@ double val(std::string_view text) {
   if (number.empty() || number == "-" || number == "." || number == "-.") {
     return 0.0;
   }
-  if (i < cleaned.size() && (cleaned[i] == 'E' || cleaned[i] == 'e' || cleaned[i] == 'D' ||
-                             cleaned[i] == 'd')) {
+  if (i < cleaned.size() &&
+      (cleaned[i] == 'E' || cleaned[i] == 'e' || cleaned[i] == 'D' || cleaned[i] == 'd')) {
     std::size_t j = i + 1;
     std::string exponent = "e";
     if (j < cleaned.size() && (cleaned[j] == '-' || cleaned[j] == '+')) {
@@ -270,8 +271,7 @@ std::string italianText(double value) {
     value = 0.0;  // no negative zero
   }
   char buf[64];
-  const auto res =
-      std::to_chars(buf, buf + sizeof buf, value, std::chars_format::general, 15);
+  const auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::general, 15);
   std::string out(buf, static_cast<std::size_t>(res.ptr - buf));
   for (char& c : out) {
     if (c == '.') {

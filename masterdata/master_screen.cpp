@@ -9,7 +9,7 @@ namespace {
 constexpr const char* kChoice = "Combo1";
 }  // namespace
 
-MasterScreen::MasterScreen(Session& session, std::vector<FieldSpec> specs)
+MasterScreen::MasterScreen(Session& session, std::vector<FieldDefinition> specs)
     : session_(&session), specs_(std::move(specs)), values_(specs_.size()) {}
 
 std::size_t MasterScreen::indexOf(std::string_view name) const {

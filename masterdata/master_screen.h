@@ -18,7 +18,7 @@ class Session;
 inline constexpr const char* kDigits = "0123456789";
 
 // An entry field: its control name, how many characters it holds, and its key rule.
-struct FieldSpec {
+struct FieldDefinition {
   const char* name;
   std::size_t width;
   const char* accepts = nullptr;  // the only characters it takes (kDigits, "AD"); null: any
@@ -33,7 +33,7 @@ class MasterScreen {
   MasterScreen(const MasterScreen&) = delete;
   MasterScreen& operator=(const MasterScreen&) = delete;
 
-  const std::vector<FieldSpec>& fields() const { return specs_; }
+  const std::vector<FieldDefinition>& fields() const { return specs_; }
   // The text of a field; throws std::out_of_range for a name the screen does not have.
   const std::string& field(std::string_view name) const;
   // Types `text` into a field as its control takes it: cut to the field's width. False, and
@@ -67,7 +67,7 @@ class MasterScreen {
   bool canRemove() const { return selected_ > 0; }
 
  protected:
-  MasterScreen(Session& session, std::vector<FieldSpec> specs);
+  MasterScreen(Session& session, std::vector<FieldDefinition> specs);
 
   Session& session() const { return *session_; }
   void select(std::size_t number) { selected_ = number; }
@@ -79,7 +79,7 @@ class MasterScreen {
   std::size_t indexOf(std::string_view name) const;
 
   Session* session_;
-  std::vector<FieldSpec> specs_;
+  std::vector<FieldDefinition> specs_;
   std::vector<std::string> values_;
   std::size_t selected_ = 0;
 };

@@ -134,7 +134,7 @@ class TableScreen : public MasterScreen {
     bool keepsChangedRecord;  // after a change the fields and the selection stay
   };
 
-  TableScreen(Session& session, std::vector<FieldSpec> specs, Setup setup)
+  TableScreen(Session& session, std::vector<FieldDefinition> specs, Setup setup)
       : MasterScreen(session, std::move(specs)), setup_(setup) {}
 
   // Opening the window: the table is read from its files.

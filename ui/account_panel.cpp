@@ -57,8 +57,8 @@ AccountPanel::AccountPanel(Session& session, QWidget* parent)
   auto* letters = new QGridLayout;
   letters->setSpacing(2);
   for (int i = 0; i < 24; ++i) {
-    const QString text =
-        i < static_cast<int>(kAllAccountsLabel) ? QString(QChar(kIndexLetters[i])) : kAllAccountsCaption;
+    const QString text = i < static_cast<int>(kAllAccountsLabel) ? QString(QChar(kIndexLetters[i]))
+                                                                 : kAllAccountsCaption;
     auto* label = named(new ClickableLabel(text), QString("Label1(%1)").arg(i));
     label->setAlignment(Qt::AlignCenter);
     label->setMinimumHeight(22);
@@ -176,7 +176,8 @@ void AccountPanel::showAccount() {
   const OpenAccount* account = session_.account();
   const auto index = session_.accountIndex();
   if (account == nullptr || !index) {
-    for (QLabel* l : {accountName_, accountAddress_, accountTown_, group_, category_, latestDate_}) {
+    for (QLabel* l :
+         {accountName_, accountAddress_, accountTown_, group_, category_, latestDate_}) {
       l->clear();
     }
     for (ClickableLabel* f : figures_) {

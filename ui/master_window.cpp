@@ -22,10 +22,10 @@ namespace {
 
 QString qs(const std::string& text) { return QString::fromStdString(text); }
 
-const FieldSpec& specOf(const MasterScreen& screen, const char* name) {
-  for (const FieldSpec& spec : screen.fields()) {
-    if (std::string_view(spec.name) == name) {
-      return spec;
+const FieldDefinition& definitionOf(const MasterScreen& screen, const char* name) {
+  for (const FieldDefinition& definition : screen.fields()) {
+    if (std::string_view(definition.name) == name) {
+      return definition;
     }
   }
   throw std::out_of_range(std::string("no field ") + name);
@@ -106,15 +106,15 @@ QWidget* MasterWindow::buildField(const FieldLook& field) {
 // Every key goes through the screen: digits-only fields refuse other keys (and Enter) with the
 // beep, Enter moves on when the screen lets it, and each edit is typed into the screen's field.
 QWidget* MasterWindow::buildTextField(const FieldLook& field) {
-  const FieldSpec* spec = &specOf(*screen_, field.name);
+  const FieldDefinition* definition = &definitionOf(*screen_, field.name);
   auto* edit = named(new QLineEdit, field.name);
-  edit->setMaxLength(static_cast<int>(spec->width));
-  const int characters = static_cast<int>(std::min<std::size_t>(spec->width, 45)) + 2;
+  edit->setMaxLength(static_cast<int>(definition->width));
+  const int characters = static_cast<int>(std::min<std::size_t>(definition->width, 45)) + 2;
   edit->setFixedWidth(QFontMetrics(edit->font()).averageCharWidth() * characters + 12);
   applyKeyRule(
       edit,
-      [this, spec](const QString&, char key) {
-        if (spec->digitsOnly()) {
+      [this, definition](const QString&, char key) {
+        if (definition->digitsOnly()) {
           if (const KeyVerdict v = filterDigitKey(key); v.kind != KeyVerdict::Accept) {
             return v;
           }
@@ -122,19 +122,19 @@ QWidget* MasterWindow::buildTextField(const FieldLook& field) {
         if (key != kKeyEnter) {
           return KeyVerdict{};
         }
-        const bool movesOn = screen_->enter(spec->name);
+        const bool movesOn = screen_->enter(definition->name);
         showFields();
         return KeyVerdict{movesOn ? KeyVerdict::MoveFocus : KeyVerdict::Accept};
       },
       session_.prompter());
-  connect(edit, &QLineEdit::textEdited, this, [this, spec, edit](const QString& text) {
-    screen_->setField(spec->name, text.toStdString());
-    const QString held = qs(screen_->field(spec->name));
+  connect(edit, &QLineEdit::textEdited, this, [this, definition, edit](const QString& text) {
+    screen_->setField(definition->name, text.toStdString());
+    const QString held = qs(screen_->field(definition->name));
     if (held != text) {
       edit->setText(held);
     }
   });
-  edits_.emplace_back(spec, edit);
+  edits_.emplace_back(definition, edit);
   return edit;
 }
 
@@ -192,12 +192,12 @@ void MasterWindow::fillList() {
 
 void MasterWindow::showFields() {
   filling_ = true;
-  for (const auto& [spec, edit] : edits_) {
-    const QString value = qs(screen_->field(spec->name));
+  for (const auto& [definition, edit] : edits_) {
+    const QString value = qs(screen_->field(definition->name));
     if (edit->text() != value) {
       edit->setText(value);
     }
-    edit->setEnabled(screen_->editable(spec->name));
+    edit->setEnabled(screen_->editable(definition->name));
   }
   if (signs_ != nullptr) {
     const std::string sign = screen_->field(signs_->objectName().toStdString());
@@ -259,7 +259,7 @@ void MasterWindow::afterCommand(bool written) {
 }
 
 void MasterWindow::focusFirstField() {
-  for (const auto& [spec, edit] : edits_) {
+  for (const auto& [definition, edit] : edits_) {
     if (edit->isEnabled()) {
       edit->setFocus();
       return;

@@ -71,7 +71,7 @@ class MasterWindow : public QDialog {
   std::unique_ptr<MasterScreen> screen_;
   std::function<void()> changed_;
   QListWidget* list_ = nullptr;
-  std::vector<std::pair<const FieldSpec*, QLineEdit*>> edits_;
+  std::vector<std::pair<const FieldDefinition*, QLineEdit*>> edits_;
   QButtonGroup* signs_ = nullptr;
   QComboBox* choice_ = nullptr;
   QPushButton* delete_ = nullptr;

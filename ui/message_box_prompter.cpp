@@ -60,9 +60,9 @@ Answer MessageBoxPrompter::show(const Message& message) {
                   buttonsOf(message.buttons), parent_);
   box.setObjectName("MessageBox");
   box.setDefaultButton(buttonOf(message.defaultButton));
-  box.setEscapeButton(message.buttons == Buttons::Ok ? QMessageBox::Ok
+  box.setEscapeButton(message.buttons == Buttons::Ok                 ? QMessageBox::Ok
                       : message.buttons == Buttons::AbortRetryIgnore ? QMessageBox::Abort
-                                                                      : QMessageBox::Cancel);
+                                                                     : QMessageBox::Cancel);
   return answerOf(box.exec());
 }
 

@@ -82,8 +82,10 @@ void MovementWindow::build() {
 
   from_ = dateBox("DataInizSel");
   to_ = dateBox("Datafinesel");
-  applyKeyRule(from_, [](const QString&, char key) { return filterRangeDateKey(key); }, prompter);
-  applyKeyRule(to_, [](const QString&, char key) { return filterRangeDateKey(key); }, prompter);
+  applyKeyRule(
+      from_, [](const QString&, char key) { return filterRangeDateKey(key); }, prompter);
+  applyKeyRule(
+      to_, [](const QString&, char key) { return filterRangeDateKey(key); }, prompter);
   causaleFilter_ = named(new QComboBox, "Combo1");
   causaleFilter_->setMinimumContentsLength(18);
   auto* filterButton = named(new QPushButton("Esegui filtro"), "Command3");
@@ -108,7 +110,8 @@ void MovementWindow::build() {
   list_->setUniformItemSizes(true);
   list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   list_->setMinimumHeight(220);
-  connect(list_, &QListView::clicked, this, [this](const QModelIndex& i) { onLinePicked(i.row()); });
+  connect(list_, &QListView::clicked, this,
+          [this](const QModelIndex& i) { onLinePicked(i.row()); });
   connect(list_, &QListView::activated, this,
           [this](const QModelIndex& i) { onLinePicked(i.row()); });
 
@@ -156,9 +159,7 @@ void MovementWindow::build() {
   auto* row = new QGridLayout;
   int c = 0;
   for (const auto& [name, text] : std::initializer_list<std::pair<const char*, const char*>>{
-           {"LabelNroper", "N.O."},
-           {"LabelData", "Data"},
-           {"LabelCausale", "Causale"}}) {
+           {"LabelNroper", "N.O."}, {"LabelData", "Data"}, {"LabelCausale", "Causale"}}) {
     row->addWidget(named(new QLabel(text), name), 0, c++);
   }
   row->addWidget(number_, 1, 0);

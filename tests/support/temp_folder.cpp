@@ -33,7 +33,8 @@ Bytes TempFolder::read(std::string_view name) const {
 
 void TempFolder::write(std::string_view name, const Bytes& bytes) const {
   std::ofstream out(file(name), std::ios::binary | std::ios::trunc);
-  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  out.write(reinterpret_cast<const char*>(bytes.data()),
+            static_cast<std::streamsize>(bytes.size()));
 }
 
 bool TempFolder::exists(std::string_view name) const { return fs::exists(file(name)); }

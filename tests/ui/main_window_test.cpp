@@ -1,13 +1,15 @@
 // The main frame and the movement window, driven by control name, offscreen.
 
+#include "ui/main_window.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QListView>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -28,7 +30,6 @@
 #include "tests/support/temp_folder.h"
 #include "ui/account_panel.h"
 #include "ui/causale_picker.h"
-#include "ui/main_window.h"
 #include "ui/movement_window.h"
 
 using namespace contavia;
@@ -175,12 +176,13 @@ class MainWindowTest : public QObject {
     for (QAction* a : f.frame->menuBar()->actions()) {
       titles << a->text();
     }
-    QCOMPARE(titles, (QStringList{"&File", "Archivi", "&Manutenzione", "Utility", "Finestra", "?"}));
+    QCOMPARE(titles,
+             (QStringList{"&File", "Archivi", "&Manutenzione", "Utility", "Finestra", "?"}));
     QVERIFY(!f.frame->action("uty")->isEnabled());
     QCOMPARE(f.frame->action("per")->toolTip(), QString("cambia percorso archivi"));
     QCOMPARE(f.frame->action("Command3D4")->text(), QString(" Causali "));
-    for (const char* control : {"GestCau", "gr", "GesTipi", "NuovoConto", "Command3D4", "gruppi",
-                                "tipi", "Vista"}) {
+    for (const char* control :
+         {"GestCau", "gr", "GesTipi", "NuovoConto", "Command3D4", "gruppi", "tipi", "Vista"}) {
       QVERIFY2(f.frame->action(control)->isEnabled(), control);
     }
     QCOMPARE(f.frame->action("NuovoConto")->text(), QString("&Gestione Conto"));
@@ -205,7 +207,8 @@ class MainWindowTest : public QObject {
 
   void letterIndexFollowsTheFirstLetterOfTheName() {
     Fixture f({account("1", "Alfa banca"), account("2", "Kappa banca"), account("3", "Yogurt spa"),
-               account("4", "alfa minuscola"), account("5", "Xilofono"), account("1234567890", "Jolly")});
+               account("4", "alfa minuscola"), account("5", "Xilofono"),
+               account("1234567890", "Jolly")});
     auto* combo = child<QComboBox>(f.frame.get(), "Combo1");
     auto items = [&] {
       QStringList out;
@@ -271,7 +274,8 @@ class MainWindowTest : public QObject {
   }
 
   void keyboardEntryRecordsAMovement() {
-    Fixture f({account("100", "Banca")}, {causale("ST", "Stipendio", "A"), causale("AF", "Affitto", "D")});
+    Fixture f({account("100", "Banca")},
+              {causale("ST", "Stipendio", "A"), causale("AF", "Affitto", "D")});
     f.choose(0);
     QWidget* w = &f.form9();
     child<QDateEdit>(w, "dataoper")->setDate(QDate(2026, 11, 20));
@@ -346,12 +350,15 @@ class MainWindowTest : public QObject {
   }
 
   void selectChangeAbandonAndDeleteKeepTheBalancesInStep() {
-    Fixture f({account("100", "Banca")}, {causale("ST", "Stipendio", "A"), causale("AF", "Affitto", "D")});
+    Fixture f({account("100", "Banca")},
+              {causale("ST", "Stipendio", "A"), causale("AF", "Affitto", "D")});
     f.choose(0);
     MovementEntry& entry = f.form9().entry();
     for (const auto& [date, code, amount] :
          std::vector<std::tuple<std::string, std::string, std::string>>{
-             {"01/11/2026", "ST", "1000"}, {"05/11/2026", "AF", "300"}, {"10/11/2026", "AF", "50"}}) {
+             {"01/11/2026", "ST", "1000"},
+             {"05/11/2026", "AF", "300"},
+             {"10/11/2026", "AF", "50"}}) {
       entry.setDate(date);
       entry.row().causale = code;
       QVERIFY(entry.lookupCausale());
@@ -366,7 +373,8 @@ class MainWindowTest : public QObject {
     const QStringList shown = lines(*f.frame);
     const int row = static_cast<int>(shown.indexOf(QRegularExpression("^05/11/2026 0002.*")));
     QVERIFY(row >= 0);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(row, 0)).center());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualRect(list->model()->index(row, 0)).center());
     QCOMPARE(child<QLabel>(w, "nroper")->text(), QString("2"));
     QCOMPARE(child<QLineEdit>(w, "IMPORTO")->text(), QString("300,00"));
     QVERIFY(child<QPushButton>(w, "del")->isEnabled());
@@ -374,7 +382,8 @@ class MainWindowTest : public QObject {
     QTest::mouseClick(child<QPushButton>(w, "pulisci"), Qt::LeftButton);
     QCOMPARE(f.session->account()->balanceTotal(), 650);
     // Delete with Cancel changes nothing; with OK the later movement is renumbered.
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(row, 0)).center());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualRect(list->model()->index(row, 0)).center());
     f.prompter.answer({Answer::Cancel});
     QTest::mouseClick(child<QPushButton>(w, "del"), Qt::LeftButton);
     QCOMPARE(f.session->account()->count(), std::size_t{3});
