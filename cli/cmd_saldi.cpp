@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "cli/command.h"
+#include "cli/ledger_support.h"
 
 namespace contavia::cli {
 namespace {
@@ -10,9 +11,7 @@ namespace {
 int saldi(Context& c) {
   const Arguments args = c.arguments();
   args.expectAtMost(1);
-  const std::string& code = args.positional(0, "CONTO");
-  c.session.start();
-  if (!c.session.openAccountByCode(code)) {
+  if (!openWorkingAccount(c, args.positional(0, "CONTO"))) {
     return kExitStopped;
   }
   const StatusPanels& panels = c.session.account()->panels();
