@@ -273,6 +273,26 @@ class MainWindowTest : public QObject {
     QVERIFY(f.session->account() == nullptr);
   }
 
+  void theMovementWindowFillsTheFrameBesideThePanel() {
+    Fixture f({account("100", "Banca")});
+    f.choose(0);
+    QMdiArea* area = f.frame->mdiArea();
+    QMdiSubWindow* sub = area->subWindowList().front();
+    f.frame->resize(1300, 900);
+    QCOMPARE(sub->geometry(), QRect(QPoint(0, 0), area->viewport()->size()));
+    // A minimised window stays an icon.
+    sub->showMinimized();
+    const QSize icon = sub->size();
+    f.frame->resize(1000, 700);
+    QCOMPARE(sub->size(), icon);
+    f.frame->action("AFFVer")->trigger();  // tiling takes only the windows that are not icons
+    QVERIFY(sub->isMinimized());
+    QCOMPARE(sub->size(), icon);
+    f.frame->action("rdico")->trigger();  // icons line up along the bottom edge
+    QCOMPARE(sub->geometry().bottom(), area->viewport()->height() - 1);
+    QCOMPARE(sub->geometry().left(), 0);
+  }
+
   void keyboardEntryRecordsAMovement() {
     Fixture f({account("100", "Banca")},
               {causale("ST", "Stipendio", "A"), causale("AF", "Affitto", "D")});
