@@ -401,9 +401,28 @@ class MainWindowTest : public QObject {
     // Abandon: the balances come back to what they were.
     QTest::mouseClick(child<QPushButton>(w, "pulisci"), Qt::LeftButton);
     QCOMPARE(f.session->account()->balanceTotal(), 650);
+    // Change: the amount typed replaces the stored one, the panels follow the recompute.
+    auto pick = [&] {
+      const int at =
+          static_cast<int>(lines(*f.frame).indexOf(QRegularExpression("^05/11/2026 0002.*")));
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                        list->visualRect(list->model()->index(at, 0)).center());
+    };
+    pick();
+    auto* amount = child<QLineEdit>(w, "IMPORTO");
+    amount->clear();
+    QTest::keyClicks(amount, "250");
+    QTest::mouseClick(child<QPushButton>(w, "ok"), Qt::LeftButton);
+    QCOMPARE(panelText(*f.frame, 4), QString("700,00"));
+    QCOMPARE(f.session->account()->movement(2).amount, 250.0);
+    const contavia::test::Bytes stored = f.temp.read("100.MOC");
+    QCOMPARE(stored.size(), std::size_t{3 * 87});
+    QVERIFY(contavia::test::Bytes(stored.begin() + 87 + 17, stored.begin() + 87 + 25) ==
+            contavia::test::f64(250.0));
+    QVERIFY(lines(*f.frame).filter(QRegularExpression("^05/11/2026 0002 +250,00 ")).size() == 1);
+    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
     // Delete with Cancel changes nothing; with OK the later movement is renumbered.
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualRect(list->model()->index(row, 0)).center());
+    pick();
     f.prompter.answer({Answer::Cancel});
     QTest::mouseClick(child<QPushButton>(w, "del"), Qt::LeftButton);
     QCOMPARE(f.session->account()->count(), std::size_t{3});
