@@ -1,5 +1,6 @@
 #include "archive/open_account.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -147,14 +148,56 @@ int OpenAccount::rewriteMovement(std::size_t number, Movement movement) {
   return diskerr::kOk;
 }
 
+int OpenAccount::rewriteMovements(std::vector<Movement> changed) {
+  std::sort(changed.begin(), changed.end(), [](const Movement& a, const Movement& b) {
+    return a.movementNumber < b.movementNumber;
+  });
+  for (const Movement& m : changed) {
+    if (m.movementNumber < 1 || static_cast<std::size_t>(m.movementNumber) > movements_.size()) {
+      return diskerr::kBadFileNameOrNumber;
+    }
+  }
+  WriteJournal journal(dir_->files());
+  for (std::size_t first = 0; first < changed.size();) {
+    std::size_t end = first + 1;
+    while (end < changed.size() &&
+           changed[end].movementNumber == changed[end - 1].movementNumber + 1) {
+      ++end;
+    }
+    const std::vector<Movement> run(changed.begin() + static_cast<std::ptrdiff_t>(first),
+                                    changed.begin() + static_cast<std::ptrdiff_t>(end));
+    const int rc = writeRecords(journal, filePath(filename::kMovements),
+                                static_cast<std::size_t>(run.front().movementNumber), run);
+    if (rc != diskerr::kOk) {
+      failedFile_ = journal.failedFileName();
+      journal.rollback();
+      return rc;
+    }
+    first = end;
+  }
+  for (Movement& m : changed) {
+    const auto number = static_cast<std::size_t>(m.movementNumber);
+    movements_[number - 1] = std::move(m);
+  }
+  return diskerr::kOk;
+}
+
 int OpenAccount::replaceMovements(std::vector<Movement> kept) {
   for (std::size_t i = 0; i < kept.size(); ++i) {
     kept[i].movementNumber = static_cast<std::int16_t>(i + 1);
   }
+  // The records before the first one that changes are already on disk as they are.
+  std::size_t unchanged = 0;
+  while (unchanged < kept.size() && unchanged < movements_.size() &&
+         kept[unchanged] == movements_[unchanged]) {
+    ++unchanged;
+  }
   WriteJournal journal(dir_->files());
   int rc = diskerr::kOk;
-  if (!kept.empty()) {
-    rc = writeRecords(journal, filePath(filename::kMovements), 1, kept);
+  if (unchanged < kept.size()) {
+    const std::vector<Movement> changed(kept.begin() + static_cast<std::ptrdiff_t>(unchanged),
+                                        kept.end());
+    rc = writeRecords(journal, filePath(filename::kMovements), unchanged + 1, changed);
   }
   if (rc == diskerr::kOk) {
     rc = writeCount(journal, filePath(filename::kMovementCount),

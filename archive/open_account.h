@@ -59,8 +59,12 @@ class OpenAccount {
   int appendMovement(Movement movement);
   // Rewrites movement `number` (its record and the copy in memory).
   int rewriteMovement(std::size_t number, Movement movement);
-  // Replaces the movements in memory and on disk by `kept` (renumbered 1..n, written from
-  // record 1, the count last). Records past the new count stay in the file.
+  // Rewrites several movements, each at the record of its own number, all or nothing; runs of
+  // consecutive numbers go to the file in one write.
+  int rewriteMovements(std::vector<Movement> changed);
+  // Replaces the movements in memory and on disk by `kept` (renumbered 1..n; only the records
+  // from the first one that differs are written, the count last). Records past the new count
+  // stay in the file.
   int replaceMovements(std::vector<Movement> kept);
   // Reads count and movements from the files again.
   void reloadMovements();

@@ -128,6 +128,8 @@ struct Movement {
   std::string linkedSpare2;          // 1
   std::string linkedMovementNumber;  // 5
 
+  bool operator==(const Movement&) const = default;
+
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
     c.i16(0, r.movementNumber);

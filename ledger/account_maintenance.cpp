@@ -56,18 +56,25 @@ bool reorderTwoDigitYears(Session& session) {
   if (account == nullptr) {
     return false;
   }
-  for (std::size_t number = 1; number <= account->count(); ++number) {
-    Movement m = account->movement(number);
-    const std::string date = fourDigitYearDate(m.operationDate);
-    if (date == trim(m.operationDate)) {
-      continue;
+  // Only the movements whose date changes are written, all in one go.
+  std::vector<Movement> changed;
+  const std::vector<Movement>& movements = account->movements();
+  for (std::size_t i = 0; i < movements.size(); ++i) {
+    const std::string date = fourDigitYearDate(movements[i].operationDate);
+    if (date != trim(movements[i].operationDate)) {
+      Movement rewritten = movements[i];
+      rewritten.movementNumber = static_cast<std::int16_t>(i + 1);  // its record
+      rewritten.operationDate = date;
+      changed.push_back(std::move(rewritten));
     }
-    m.operationDate = date;
-    const int rc = account->rewriteMovement(number, m);
-    if (rc != diskerr::kOk) {
-      reportWriteFailure(session.prompter(), account->failedFile(), rc);
-      return false;
-    }
+  }
+  if (changed.empty()) {
+    return true;
+  }
+  const int rc = account->rewriteMovements(std::move(changed));
+  if (rc != diskerr::kOk) {
+    reportWriteFailure(session.prompter(), account->failedFile(), rc);
+    return false;
   }
   return true;
 }

@@ -110,5 +110,22 @@ TEST_F(MaintenanceTest, ReorderRewritesOnlyTheShortDatesAndTwiceChangesNothing) 
   EXPECT_EQ(test::snapshot(folder), once);
 }
 
+TEST_F(MaintenanceTest, ReorderThatCannotWriteChangesNoDate) {
+  // Records 1 and 3 change: two writes, the second of which fails.
+  test::writeMovements(folder, "CC1",
+                       {{.number = 1, .date = "05/03/98", .amount = 10, .sign = "D"},
+                        {.number = 2, .date = "05/03/1998", .amount = 20, .sign = "A"},
+                        {.number = 3, .date = "06/03/21", .amount = 30, .sign = "A"}});
+  reopen();
+  const auto before = test::snapshot(folder);
+  files.failWrite(2, diskerr::kDiskFull);
+  EXPECT_FALSE(reorderTwoDigitYears(*session));
+  files.heal();
+  EXPECT_EQ(test::snapshot(folder), before);
+  EXPECT_EQ(account().movement(1).operationDate, "05/03/98  ");
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_EQ(prompter.messages[0].title, "Errore Disco");
+}
+
 }  // namespace
 }  // namespace contavia
