@@ -69,6 +69,7 @@ void Session::reloadCategories() {
 
 bool Session::changeFolder(const std::string& folder) {
   closeAccount();
+  clearChosenAccount();
   const std::string previous = dir_.folder();
   DataDirectory candidate(files(), folder);
   std::vector<Account> accounts;
@@ -104,6 +105,7 @@ void Session::openAccount(std::size_t index) {
   const Account& record = tables_.accounts.at(index);
   account_ = std::make_unique<OpenAccount>(dir_, *clock_, record.accountCode, record.creditLine);
   accountIndex_ = index;
+  chosenCode_ = account_->code();
   showProblem(account_->load());
 }
 

@@ -75,6 +75,11 @@ class Session {
   void closeAccount();
   // The working account's code, trimmed; blank when none is open.
   std::string currentAccountCode() const;
+  // The code of the account chosen in the account selector, trimmed. Closing the working account
+  // to maintain the accounts keeps it; "Chiudi" (and a change of folder) clears it, so the
+  // account chosen there cannot be deleted until it is closed.
+  const std::string& chosenAccountCode() const { return chosenCode_; }
+  void clearChosenAccount() { chosenCode_.clear(); }
 
  private:
   void showProblem(const std::string& problem);
@@ -85,6 +90,7 @@ class Session {
   MasterTables tables_;
   std::unique_ptr<OpenAccount> account_;
   std::optional<std::size_t> accountIndex_;
+  std::string chosenCode_;
 };
 
 }  // namespace contavia

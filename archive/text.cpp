@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace contavia {
 namespace {
@@ -211,6 +212,12 @@ void encodeWindows1252(std::string_view text, std::uint8_t* out, std::size_t wid
   for (; written < width; ++written) {
     out[written] = ' ';
   }
+}
+
+std::string asStoredText(std::string_view text) {
+  std::vector<std::uint8_t> bytes(charCount(text));
+  encodeWindows1252(text, bytes.data(), bytes.size());
+  return decodeWindows1252(bytes.data(), bytes.size());
 }
 
 std::string asciiUpper(std::string_view text) {

@@ -36,6 +36,10 @@ std::string decodeWindows1252(const std::uint8_t* bytes, std::size_t size);
 // Windows-1252 byte becomes '?'. Invalid UTF-8 bytes are taken as Windows-1252 bytes.
 void encodeWindows1252(std::string_view text, std::uint8_t* out, std::size_t width);
 
+// A text as a Windows-1252 field gives it back: every character with no Windows-1252 byte
+// becomes "?" (the length in characters is kept).
+std::string asStoredText(std::string_view text);
+
 // Upper case for ASCII letters only (file names are compared this way).
 std::string asciiUpper(std::string_view text);
 bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b);

@@ -12,6 +12,11 @@ void chooseRow(MasterScreen& screen, int row) {
                      std::to_string(count) + " righe");
   }
   screen.chooseRow(static_cast<std::size_t>(row - 1));
+  if (screen.selected() == 0) {
+    // The row's first characters name no record (a code with leading blanks): saying so beats
+    // adding a new record or deleting nothing without a word.
+    throw UsageError("la riga " + std::to_string(row) + " non corrisponde a nessun record");
+  }
 }
 
 void type(MasterScreen& screen, const FieldValue& v) {

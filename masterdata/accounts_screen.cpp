@@ -147,7 +147,7 @@ Message AccountsScreen::removeQuestion() const {
 }
 
 bool AccountsScreen::mayRemoveConfirmed(const Account& r) {
-  const std::string working = session().currentAccountCode();
+  const std::string& working = session().chosenAccountCode();
   if (!working.empty() && working == trim(r.accountCode)) {
     session().prompter().show(
         plainBox("attenzione",

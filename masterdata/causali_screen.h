@@ -6,6 +6,9 @@
 
 namespace contavia {
 
+// The sign that option `option` of `DarAver` gives: option 0 "A" (Avere), option 1 "D" (Dare).
+inline constexpr const char* kSignOfOption[2] = {"A", "D"};
+
 class CausaliScreen final : public TableScreen<Causale> {
  public:
   // Opening: the causali are read from "Causali.CAP" and become the program's causali.

@@ -47,8 +47,10 @@ bool acceptsCodeAndDescription(MasterScreen& screen, Prompter& prompter, const C
   if (changing) {
     return true;
   }
+  // Compared as it will be stored: a character with no Windows-1252 byte is stored as "?".
+  const std::string stored = asStoredText(typed);
   for (const Record& r : table) {
-    if (trimRight(r.*code) == typed) {
+    if (trimRight(r.*code) == stored) {
       prompter.show(errorBox(rules.duplicateText));
       screen.setField(rules.codeField, "");
       screen.setField(rules.descriptionField, "");

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -101,7 +102,11 @@ void MainWindow::buildMenus() {
 
   QMenu* file = menu("File", "&File");
   addEntry(file, "parc", "Percorso archivi", [this] { changeFolder(); });
-  addEntry(file, "Close", "Chiudi", [this] { closeAccount(); });
+  addEntry(file, "Close", "Chiudi", [this] {
+    closeAccount();
+    session_.clearChosenAccount();
+    panel_->selector()->setCurrentIndex(-1);
+  });
   addEntry(file, "PRF", "Preferenze", nullptr);
   addEntry(file, "ImpStam", "Imposta Stampante", [this] { setUpPrinter(); });
   addEntry(file, "Causali", "Stampa Archivi", nullptr);
@@ -278,7 +283,8 @@ void MainWindow::openCausali() {
 }
 
 void MainWindow::openAccounts() {
-  // The working account is closed first, so that it can be changed or deleted like any other.
+  // The working account is closed first; the account chosen in the selector still cannot be
+  // deleted until "Chiudi".
   closeAccount();
   showAccountsWindow(this, session_, [this] {
     panel_->fillAllAccounts();

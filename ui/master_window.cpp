@@ -12,9 +12,11 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "archive/session.h"
 #include "ledger/key_filters.h"
+#include "masterdata/causali_screen.h"
 #include "ui/widget_helpers.h"
 
 namespace contavia::ui {
@@ -30,9 +32,6 @@ const FieldDefinition& definitionOf(const MasterScreen& screen, const char* name
   }
   throw std::out_of_range(std::string("no field ") + name);
 }
-
-// The sign options: option 0 is "A" (Avere), option 1 is "D" (Dare).
-constexpr const char* kSignOf[] = {"A", "D"};
 
 }  // namespace
 
@@ -86,9 +85,17 @@ void MasterWindow::buildList(const WindowLook& look) {
   list_->setMinimumWidth(metrics.horizontalAdvance(QString(look.listColumns + 1, QChar('M'))) +
                          2 * list_->frameWidth() + list_->verticalScrollBar()->sizeHint().width());
   list_->setMinimumHeight(metrics.lineSpacing() * 20);
-  connect(list_, &QListWidget::currentRowChanged, this, &MasterWindow::choose);
-  connect(list_, &QListWidget::itemClicked, this,
-          [this](QListWidgetItem* item) { choose(list_->row(item)); });
+  // A click on a new row moves the current row first: that choice is enough. A click on the row
+  // that is already current chooses it again (after "pulisci" or a save).
+  connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
+    choose(row);
+    justChosen_ = !filling_ && row >= 0;
+  });
+  connect(list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    if (!std::exchange(justChosen_, false)) {
+      choose(list_->row(item));
+    }
+  });
 }
 
 QWidget* MasterWindow::buildField(const FieldLook& field) {
@@ -152,8 +159,9 @@ QWidget* MasterWindow::buildSignOptions(const FieldLook& field) {
     signs_->addButton(button, option);
     row->addWidget(button);
   }
-  connect(signs_, &QButtonGroup::idClicked, this,
-          [this, name = field.name](int option) { screen_->setField(name, kSignOf[option]); });
+  connect(signs_, &QButtonGroup::idClicked, this, [this, name = field.name](int option) {
+    screen_->setField(name, kSignOfOption[option]);
+  });
   return box;
 }
 
@@ -203,7 +211,7 @@ void MasterWindow::showFields() {
     const std::string sign = screen_->field(signs_->objectName().toStdString());
     signs_->setExclusive(false);
     for (int option = 0; option < 2; ++option) {
-      signs_->button(option)->setChecked(sign == kSignOf[option]);
+      signs_->button(option)->setChecked(sign == kSignOfOption[option]);
     }
     signs_->setExclusive(true);
   }

@@ -75,6 +75,7 @@ class MasterWindow : public QDialog {
   QButtonGroup* signs_ = nullptr;
   QComboBox* choice_ = nullptr;
   QPushButton* delete_ = nullptr;
+  bool justChosen_ = false;
   bool filling_ = false;
 };
 

@@ -98,6 +98,15 @@ TEST_F(AnagraficheCliTest, RefusalsAndUsageErrors) {
   EXPECT_EQ(otherCode.exitCode, 2);
   EXPECT_NE(otherCode.err.find("CodConto"), std::string::npos);
   EXPECT_FALSE(data.exists("Tipo.MOC"));
+
+  // A group coded with a leading blank is listed, but its row names no group.
+  EXPECT_EQ(cli({"gruppo-salva", " G9", "Spazio"}).exitCode, 0);
+  const auto before = data.read("Gruppi.con");
+  const test::ProgramResult noRecord = cli({"--si", "gruppo-elimina", "1"});
+  EXPECT_EQ(noRecord.exitCode, 2);
+  EXPECT_EQ(noRecord.err, "contavia-cli: la riga 1 non corrisponde a nessun record\n");
+  EXPECT_EQ(cli({"gruppo-salva", "--n", "1", "G9", "Altro"}).exitCode, 2);
+  EXPECT_EQ(data.read("Gruppi.con"), before);
 }
 
 }  // namespace

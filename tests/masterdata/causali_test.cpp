@@ -48,6 +48,19 @@ TEST_F(CausaliTest, AddingACodeAlreadyPresentAsTypedIsRefusedAndEmptiesBothField
   EXPECT_EQ(test::snapshot(folder), before);
 }
 
+TEST_F(CausaliTest, ACodeIsComparedAsItWillBeStored) {
+  writeCausali();
+  Session session = startedSession();
+  CausaliScreen screen(session);
+  type(screen, "AΩ", "Omega");  // stored as "A?"
+  screen.setField("DarAver", "A");
+  ASSERT_TRUE(screen.save());
+  type(screen, "AΣ", "Sigma");  // would be stored as "A?" too
+  EXPECT_FALSE(screen.save());
+  EXPECT_EQ(prompter.messages, std::vector<Message>{errorBox("Nr di causale già presente")});
+  EXPECT_EQ(folder.read("RecCausa.CAP"), test::le16(4));
+}
+
 TEST_F(CausaliTest, ACodeDifferingByATrailingBlankOrLetterCaseIsANewCode) {
   writeCausali();
   Session session = startedSession();

@@ -472,6 +472,35 @@ class MainWindowTest : public QObject {
     QVERIFY(f.frame->movementWindow() == nullptr);
   }
 
+  void theChosenAccountCannotBeDeletedUntilChiudi() {
+    Fixture f({account("100", "Banca"), account("200", "Posta")});
+    f.choose(0);
+    // In the accounts window: choose the first row and press "del", answering OK.
+    auto deleteFirstRow = [&] {
+      QTimer::singleShot(0, [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        auto* list = child<QListWidget>(form, "listaconti");
+        list->setCurrentRow(0);
+        f.prompter.answer({Answer::Ok});
+        QTest::mouseClick(child<QPushButton>(form, "del"), Qt::LeftButton);
+        form->close();
+      });
+      f.frame->action("NuovoConto")->trigger();
+    };
+    deleteFirstRow();
+    QCOMPARE(f.prompter.messages.back(),
+             plainBox("attenzione",
+                      "Non si può cancellare il conto sul quale si lavora, devi prima chiudere il "
+                      "conto"));
+    QCOMPARE(f.session->tables().accounts.size(), std::size_t{2});
+
+    f.frame->action("Close")->trigger();
+    f.prompter.clear();
+    deleteFirstRow();
+    QCOMPARE(f.session->tables().accounts.size(), std::size_t{1});
+    QCOMPARE(child<QComboBox>(f.frame.get(), "Combo1")->count(), 1);
+  }
+
   void changingTheFolderReloadsTheAccounts() {
     Fixture f({account("100", "Banca")});
     TempFolder other;
