@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "archive/text.h"
+#include "common/text.h"
 
 namespace contavia {
 

@@ -6,7 +6,7 @@
 #include <climits>
 #include <utility>
 
-#include "archive/text.h"
+#include "common/text.h"
 
 namespace contavia {
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "archive/prompter.h"
+#include "common/prompter.h"
 
 namespace contavia {
 

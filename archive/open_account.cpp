@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "archive/record_file.h"
-#include "archive/text.h"
-#include "ledger/dates.h"
-#include "ledger/vb.h"
+#include "common/text.h"
+#include "common/dates.h"
+#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "archive/clock.h"
+#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/records.h"
 

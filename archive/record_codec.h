@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "archive/text.h"
+#include "common/text.h"
 
 namespace contavia {
 

@@ -3,7 +3,7 @@
 #include "archive/disk_errors.h"
 #include "archive/record_file.h"
 #include "archive/tables.h"
-#include "archive/text.h"
+#include "common/text.h"
 
 namespace contavia {
 

@@ -10,10 +10,10 @@
 #include <string_view>
 #include <vector>
 
-#include "archive/clock.h"
+#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/open_account.h"
-#include "archive/prompter.h"
+#include "common/prompter.h"
 #include "archive/records.h"
 
 namespace contavia {

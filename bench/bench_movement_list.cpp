@@ -3,9 +3,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "archive/clock.h"
+#include "common/clock.h"
 #include "archive/file_layer.h"
-#include "archive/prompter.h"
+#include "common/prompter.h"
 #include "archive/session.h"
 #include "bench/generator/archive_generator.h"
 #include "ledger/movement_entry.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <ostream>
 
-#include "archive/text.h"
+#include "common/text.h"
 #include "cli/command.h"
 #include "cli/ledger_support.h"
 

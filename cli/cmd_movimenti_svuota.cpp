@@ -2,7 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/ledger_support.h"
-#include "ledger/account_maintenance.h"
+#include "ledger/clear_movements.h"
 
 namespace contavia::cli {
 namespace {

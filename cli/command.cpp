@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ledger/dates.h"
+#include "common/dates.h"
 
 namespace contavia::cli {
 

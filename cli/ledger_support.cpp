@@ -2,8 +2,8 @@
 
 #include <ostream>
 
-#include "archive/text.h"
-#include "ledger/key_filters.h"
+#include "common/text.h"
+#include "common/key_rules.h"
 
 namespace contavia::cli {
 

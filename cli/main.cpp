@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "archive/clock.h"
+#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/file_layer.h"
 #include "archive/session.h"
 #include "cli/command.h"
 #include "cli/terminal_prompter.h"
-#include "ledger/dates.h"
+#include "common/dates.h"
 
 namespace contavia::cli {
 namespace {

@@ -8,7 +8,7 @@
 #include "archive/account_files.h"
 #include "archive/open_account.h"
 #include "archive/tables.h"
-#include "ledger/dates.h"
+#include "common/dates.h"
 
 namespace contavia::cli {
 namespace {

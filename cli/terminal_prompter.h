@@ -5,7 +5,7 @@
 #include <iosfwd>
 #include <string>
 
-#include "archive/prompter.h"
+#include "common/prompter.h"
 
 namespace contavia::cli {
 

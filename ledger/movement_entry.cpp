@@ -5,11 +5,11 @@
 #include "archive/disk_errors.h"
 #include "archive/record_file.h"
 #include "archive/tables.h"
-#include "archive/text.h"
-#include "ledger/balance_limits.h"
-#include "ledger/dates.h"
-#include "ledger/key_filters.h"
-#include "ledger/vb.h"
+#include "common/text.h"
+#include "archive/running_balances.h"
+#include "common/dates.h"
+#include "common/key_rules.h"
+#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "archive/text.h"
-#include "ledger/dates.h"
-#include "ledger/vb.h"
+#include "common/text.h"
+#include "common/dates.h"
+#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "archive/text.h"
+#include "common/text.h"
 
 namespace contavia {
 namespace {

@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "archive/record_codec.h"
-#include "archive/text.h"
+#include "common/text.h"
 
 namespace contavia {
 namespace {

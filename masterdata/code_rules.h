@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "archive/prompter.h"
-#include "archive/text.h"
+#include "common/prompter.h"
+#include "common/text.h"
 #include "masterdata/master_screen.h"
 
 namespace contavia {

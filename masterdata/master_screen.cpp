@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "archive/text.h"
+#include "common/text.h"
 
 namespace contavia {
 namespace {

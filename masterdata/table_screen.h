@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#include "archive/prompter.h"
+#include "common/prompter.h"
 #include "archive/record_codec.h"
 #include "archive/session.h"
 #include "archive/tables.h"

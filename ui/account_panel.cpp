@@ -7,11 +7,11 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-#include "archive/account_selector.h"
-#include "archive/prompter.h"
+#include "frame/account_selector.h"
+#include "common/prompter.h"
 #include "archive/session.h"
-#include "archive/text.h"
-#include "ledger/vb.h"
+#include "common/text.h"
+#include "common/number_masks.h"
 #include "ui/widget_helpers.h"
 
 namespace contavia::ui {

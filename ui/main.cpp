@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "archive/clock.h"
+#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/file_layer.h"
 #include "archive/session.h"

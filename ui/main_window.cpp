@@ -14,9 +14,9 @@
 #include <QStatusBar>
 #include <QToolBar>
 
-#include "archive/frame_commands.h"
+#include "frame/frame_commands.h"
 #include "archive/session.h"
-#include "ledger/account_maintenance.h"
+#include "ledger/clear_movements.h"
 #include "ui/account_panel.h"
 #include "ui/master_windows.h"
 #include "ui/movement_window.h"

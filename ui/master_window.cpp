@@ -15,7 +15,7 @@
 #include <utility>
 
 #include "archive/session.h"
-#include "ledger/key_filters.h"
+#include "common/key_rules.h"
 #include "masterdata/causali_screen.h"
 #include "ui/widget_helpers.h"
 

@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "archive/prompter.h"
+#include "common/prompter.h"
 
 namespace contavia::ui {
 

@@ -13,9 +13,9 @@
 #include <QVBoxLayout>
 
 #include "archive/session.h"
-#include "archive/text.h"
-#include "ledger/dates.h"
-#include "ledger/key_filters.h"
+#include "common/text.h"
+#include "common/dates.h"
+#include "common/key_rules.h"
 #include "ledger/movement_entry.h"
 #include "ui/causale_picker.h"
 #include "ui/widget_helpers.h"

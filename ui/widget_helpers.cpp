@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 
-#include "archive/prompter.h"
+#include "common/prompter.h"
 
 namespace contavia::ui {
 namespace {

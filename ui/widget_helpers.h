@@ -7,7 +7,7 @@
 #include <QObject>
 #include <functional>
 
-#include "ledger/key_filters.h"
+#include "common/key_rules.h"
 
 class QAbstractButton;
 class QLineEdit;

@@ -12,7 +12,7 @@
 #include "archive/data_directory.h"
 #include "archive/file_layer.h"
 #include "archive/record_codec.h"
-#include "ledger/dates.h"
+#include "common/dates.h"
 
 namespace contavia::bench {
 namespace {

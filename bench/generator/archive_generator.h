@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "archive/prompter.h"
+#include "common/prompter.h"
 #include "archive/records.h"
 
 namespace contavia::bench {

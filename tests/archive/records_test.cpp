@@ -8,7 +8,7 @@
 #include <cstdio>
 
 #include "archive/record_codec.h"
-#include "archive/text.h"
+#include "common/text.h"
 #include "tests/support/archive_bytes.h"
 
 namespace contavia {

@@ -1,6 +1,6 @@
 // "Cancella movimenti" and "Riordina archivio" on the working account.
 
-#include "ledger/account_maintenance.h"
+#include "ledger/clear_movements.h"
 
 #include "tests/ledger/movement_entry_fixture.h"
 

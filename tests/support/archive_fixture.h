@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "archive/clock.h"
+#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/session.h"
 #include "tests/support/archive_bytes.h"

@@ -5,7 +5,7 @@
 #include <deque>
 #include <vector>
 
-#include "archive/prompter.h"
+#include "common/prompter.h"
 
 namespace contavia::test {
 

@@ -20,7 +20,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "archive/clock.h"
+#include "common/clock.h"
 #include "archive/file_layer.h"
 #include "archive/records.h"
 #include "archive/session.h"

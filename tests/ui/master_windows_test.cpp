@@ -12,7 +12,7 @@
 #include <QRadioButton>
 #include <QtTest>
 
-#include "archive/clock.h"
+#include "common/clock.h"
 #include "archive/file_layer.h"
 #include "archive/session.h"
 #include "tests/support/archive_bytes.h"

@@ -1,6 +1,6 @@
-#include "archive/frame_commands.h"
+#include "frame/frame_commands.h"
 
-#include "archive/prompter.h"
+#include "common/prompter.h"
 
 namespace contavia {
 

@@ -1,4 +1,4 @@
-#include "ledger/vb.h"
+#include "common/number_masks.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "archive/account_selector.h"
+#include "frame/account_selector.h"
 
 #include "archive/session.h"
 

@@ -1,4 +1,4 @@
-#include "ledger/dates.h"
+#include "common/dates.h"
 
 #include <algorithm>
 #include <array>
@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <limits>
 
-#include "archive/prompter.h"
-#include "archive/text.h"
-#include "ledger/vb.h"
+#include "common/prompter.h"
+#include "common/text.h"
+#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

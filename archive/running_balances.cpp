@@ -1,10 +1,10 @@
-#include "ledger/balance_limits.h"
+#include "archive/running_balances.h"
 
 #include <cstdint>
 #include <limits>
 
-#include "ledger/dates.h"
-#include "ledger/vb.h"
+#include "common/dates.h"
+#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

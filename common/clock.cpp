@@ -1,4 +1,4 @@
-#include "archive/clock.h"
+#include "common/clock.h"
 
 #include <cstdlib>
 #include <ctime>

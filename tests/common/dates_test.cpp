@@ -1,6 +1,6 @@
 // DateKey, IsLeapYear, ValidateDate and the reading of a typed date.
 
-#include "ledger/dates.h"
+#include "common/dates.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "ledger/dates.h"
+#include "common/dates.h"
 
 namespace contavia {
 

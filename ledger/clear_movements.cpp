@@ -1,9 +1,9 @@
-#include "ledger/account_maintenance.h"
+#include "ledger/clear_movements.h"
 
 #include "archive/account_files.h"
 #include "archive/disk_errors.h"
-#include "archive/text.h"
-#include "ledger/vb.h"
+#include "common/text.h"
+#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

@@ -10,8 +10,8 @@
 #include <map>
 #include <sstream>
 
-#include "ledger/dates.h"
-#include "ledger/vb.h"
+#include "common/dates.h"
+#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

@@ -1,7 +1,7 @@
 // The keyboard rules of the amount, filter-date and digit-only fields, and the reading of the
 // amount field.
 
-#include "ledger/key_filters.h"
+#include "common/key_rules.h"
 
 #include <gtest/gtest.h>
 

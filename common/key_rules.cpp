@@ -1,6 +1,6 @@
-#include "ledger/key_filters.h"
+#include "common/key_rules.h"
 
-#include "ledger/vb.h"
+#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

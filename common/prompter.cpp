@@ -1,4 +1,4 @@
-#include "archive/prompter.h"
+#include "common/prompter.h"
 
 #include <utility>
 
