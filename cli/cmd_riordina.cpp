@@ -2,7 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/ledger_support.h"
-#include "ledger/clear_movements.h"
+#include "frame/two_digit_years.h"
 
 namespace contavia::cli {
 namespace {

@@ -3,7 +3,6 @@
 #include "archive/account_files.h"
 #include "archive/disk_errors.h"
 #include "common/text.h"
-#include "common/number_masks.h"
 
 namespace contavia {
 namespace {
@@ -35,45 +34,6 @@ bool clearAccountMovements(Session& session) {
                           "Non è stato possibile eliminare tutti i file del conto " + code + " (" +
                               diskErrorMessage(rc) + ").",
                           Buttons::Ok, Icon::Exclamation, Answer::Ok});
-    return false;
-  }
-  return true;
-}
-
-std::string fourDigitYearDate(const std::string& stored) {
-  std::string date = trim(stored);
-  const std::size_t length = charCount(date);
-  if (length >= 10 || length < 5) {
-    return date;
-  }
-  const std::string yy = rightChars(date, 2);
-  const char* century = val(yy) <= 20 ? "20" : "19";
-  return leftChars(date, 2) + "/" + midChars(date, 3, 2) + "/" + century + yy;
-}
-
-bool reorderTwoDigitYears(Session& session) {
-  OpenAccount* account = session.account();
-  if (account == nullptr) {
-    return false;
-  }
-  // Only the movements whose date changes are written, all in one go.
-  std::vector<Movement> changed;
-  const std::vector<Movement>& movements = account->movements();
-  for (std::size_t i = 0; i < movements.size(); ++i) {
-    const std::string date = fourDigitYearDate(movements[i].operationDate);
-    if (date != trim(movements[i].operationDate)) {
-      Movement rewritten = movements[i];
-      rewritten.movementNumber = static_cast<std::int16_t>(i + 1);  // its record
-      rewritten.operationDate = date;
-      changed.push_back(std::move(rewritten));
-    }
-  }
-  if (changed.empty()) {
-    return true;
-  }
-  const int rc = account->rewriteMovements(std::move(changed));
-  if (rc != diskerr::kOk) {
-    reportWriteFailure(session.prompter(), account->failedFile(), rc);
     return false;
   }
   return true;

@@ -16,6 +16,7 @@
 
 #include "frame/frame_commands.h"
 #include "archive/session.h"
+#include "frame/two_digit_years.h"
 #include "ledger/clear_movements.h"
 #include "ui/account_panel.h"
 #include "ui/master_windows.h"
