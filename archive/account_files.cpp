@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "archive/disk_errors.h"
 #include "common/text.h"
 
 namespace contavia {
@@ -29,6 +30,11 @@ std::vector<std::string> accountFilesMatching(const DataDirectory& dir, std::str
   }
   std::sort(result.begin(), result.end());
   return result;
+}
+
+Message undeletedFilesBox(std::string_view code, int errorNumber) {
+  return diskErrorBox("Non è stato possibile eliminare tutti i file del conto " + trim(code) +
+                      " (" + describeDiskError(errorNumber) + ").");
 }
 
 int deleteAccountFiles(const DataDirectory& dir, std::string_view code, CodeMatch match) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "archive/data_directory.h"
+#include "common/prompter.h"
 
 namespace contavia {
 
@@ -23,5 +24,8 @@ std::vector<std::string> accountFilesMatching(const DataDirectory& dir, std::str
 
 // Deletes them; returns the first disk-error number met (0 when all went).
 int deleteAccountFiles(const DataDirectory& dir, std::string_view code, CodeMatch match);
+
+// The message of a deletion that left some files of account `code` behind.
+Message undeletedFilesBox(std::string_view code, int errorNumber);
 
 }  // namespace contavia

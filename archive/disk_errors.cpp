@@ -1,7 +1,6 @@
 #include "archive/disk_errors.h"
 
 #include "archive/file_layer.h"
-#include "archive/record_file.h"
 
 namespace contavia {
 namespace {
@@ -51,19 +50,9 @@ bool lookup(int n, RoutineEntry& entry) {
   }
 }
 
-Answer defaultAnswerOf(Buttons buttons) {
-  switch (buttons) {
-    case Buttons::RetryCancel:
-      return Answer::Retry;
-    case Buttons::AbortRetryIgnore:
-      return Answer::Abort;
-    default:
-      return Answer::Ok;
-  }
-}
+}  // namespace
 
-// Short description of an error number for the write-failure message.
-std::string describe(int n) {
+std::string describeDiskError(int n) {
   switch (n) {
     case diskerr::kDiskFull:
       return "disco pieno";
@@ -87,8 +76,8 @@ std::string describe(int n) {
   }
 }
 
+namespace {
 struct RestartProcedure {};
-
 }  // namespace
 
 std::string diskErrorMessage(int errorNumber) {
@@ -105,8 +94,7 @@ int diskErrorRoutine(Prompter& prompter, int errorNumber) {
   if (!lookup(errorNumber, entry)) {
     return kVerdictUnknown;
   }
-  const Answer answer = prompter.show(Message{kDiskErrorTitle, entry.message, entry.buttons,
-                                              Icon::Exclamation, defaultAnswerOf(entry.buttons)});
+  const Answer answer = prompter.show(diskErrorBox(entry.message, entry.buttons));
   switch (answer) {
     case Answer::Retry:
       return kVerdictRetry;
@@ -149,17 +137,20 @@ bool runGuarded(Prompter& prompter, WriteJournal* journal,
       }
       const char* text =
           abandoned.verdict == kVerdictUnknown ? "Erore non riconosciuto" : "Errore irrecuperabile";
-      prompter.show(Message{kDiskErrorTitle, text, Buttons::Ok, Icon::Exclamation, Answer::Ok});
+      prompter.show(diskErrorBox(text));
       return false;
     }
   }
 }
 
-void reportWriteFailure(Prompter& prompter, const std::string& fileName, int errorNumber) {
-  prompter.show(Message{kDiskErrorTitle,
-                        "Impossibile scrivere il file " + fileName + " (" + describe(errorNumber) +
-                            "). L'operazione è stata annullata e i dati non sono stati modificati.",
-                        Buttons::Ok, Icon::Exclamation, Answer::Ok});
+bool written(Prompter& prompter, const WriteOutcome& outcome) {
+  if (outcome.ok()) {
+    return true;
+  }
+  prompter.show(diskErrorBox("Impossibile scrivere il file " + outcome.failedFile + " (" +
+                             describeDiskError(outcome.error) +
+                             "). L'operazione è stata annullata e i dati non sono stati modificati."));
+  return false;
 }
 
 }  // namespace contavia

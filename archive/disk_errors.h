@@ -6,13 +6,11 @@
 #include <functional>
 #include <string>
 
+#include "archive/write_journal.h"
 #include "common/prompter.h"
 
 namespace contavia {
 
-class WriteJournal;
-
-inline constexpr const char* kDiskErrorTitle = "Errore Disco";
 
 // Verdicts of the routine.
 inline constexpr int kVerdictRetry = 0;
@@ -53,8 +51,12 @@ class GuardedSteps {
 bool runGuarded(Prompter& prompter, WriteJournal* journal,
                 const std::function<void(GuardedSteps&)>& procedure);
 
-// Tells the user that an operation could not write `fileName` and was taken back. Used by the
-// procedures that otherwise run without the routine, so that a full disk never goes unnoticed.
-void reportWriteFailure(Prompter& prompter, const std::string& fileName, int errorNumber);
+// A short description of an error number for the messages that name a file ("disco pieno").
+std::string describeDiskError(int errorNumber);
+
+// True when every write of an operation went; otherwise tells the user which file could not be
+// written and that the operation was taken back. Used by the procedures that otherwise run
+// without the routine, so that a full disk never goes unnoticed.
+bool written(Prompter& prompter, const WriteOutcome& outcome);
 
 }  // namespace contavia

@@ -1,28 +1,26 @@
 #pragma once
 // The working account: its files (code + ".MOC", ".MOR", ".TOC", ".RIP", ".chi"), its movements
-// held in memory, and its two running balances in whole units.
-//
-// Two sign rules are kept on purpose: the incremental update (addToTotals) lets an "A" movement
-// lower the balances, the full recompute from the files counts "A" movements as credits. Every
-// save ends with the full recompute, so only the moments in between show the incremental rule.
+// held in memory, and its two running balances (see running_balances.h for their two rules).
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/records.h"
+#include "archive/running_balances.h"
+#include "archive/write_journal.h"
+#include "common/clock.h"
 
 namespace contavia {
 
-// The texts of status panels 1 (balance today), 4 (total balance) and 5 (available).
-struct StatusPanels {
-  std::string balanceToday;
-  std::string balanceTotal;
-  std::string available;
-  bool operator==(const StatusPanels&) const = default;
+// The earliest and the latest movement date (compared by DateKey, trimmed); empty without
+// movements. Of equal dates the first in file order is taken.
+struct DateSpan {
+  std::string earliest;
+  std::string latest;
 };
+DateSpan dateSpanOf(const std::vector<Movement>& movements);
 
 class OpenAccount {
  public:
@@ -41,62 +39,55 @@ class OpenAccount {
   std::size_t count() const { return movements_.size(); }
   const Movement& movement(std::size_t number) const { return movements_.at(number - 1); }
   const CarryForward& carryForward() const { return carry_; }
+  DateSpan dateSpan() const { return dateSpanOf(movements_); }
 
-  std::int32_t balanceTotal() const { return balanceTotal_; }
-  std::int32_t balanceToday() const { return balanceToday_; }
+  std::int32_t balanceTotal() const { return balances_.total; }
+  std::int32_t balanceToday() const { return balances_.today; }
   const StatusPanels& panels() const { return panels_; }
   // The two balances as the panels last showed them (exact after a recompute).
-  double shownBalanceToday() const { return shownToday_; }
-  double shownBalanceTotal() const { return shownTotal_; }
+  const ExactBalances& shownBalances() const { return shown_; }
 
   const std::string& selectionFrom() const { return selectionFrom_; }
   const std::string& selectionTo() const { return selectionTo_; }
   void setSelection(std::string from, std::string to);
 
   // Appends a movement as number count+1: its record, the new count in ".MOR" and the raised
-  // counter in "records.rer", all or nothing. Returns the disk-error number (0 = written);
-  // kCapacityReached when the account already holds the most movements it can.
-  int appendMovement(Movement movement);
-  // Rewrites movement `number` (its record and the copy in memory).
-  int rewriteMovement(std::size_t number, Movement movement);
+  // counter in "records.rer", all or nothing. kCapacityReached when the account already holds
+  // the most movements it can.
+  WriteOutcome appendMovement(Movement movement);
   // Rewrites several movements, each at the record of its own number, all or nothing; runs of
   // consecutive numbers go to the file in one write.
-  int rewriteMovements(std::vector<Movement> changed);
+  WriteOutcome rewriteMovements(std::vector<Movement> changed);
   // Replaces the movements in memory and on disk by `kept` (renumbered 1..n; only the records
   // from the first one that differs are written, the count last). Records past the new count
   // stay in the file.
-  int replaceMovements(std::vector<Movement> kept);
-  // Reads count and movements from the files again.
-  void reloadMovements();
-  // Reads the carry-forward record again.
-  void reloadCarryForward();
+  WriteOutcome replaceMovements(std::vector<Movement> kept);
 
-  // The incremental update by one movement (amount rounded half to even): "A" lowers the
-  // balances, any other sign raises them; the balance for today only when the movement is dated
-  // on or before today. Shows the panels and rewrites ".TOC". False on a 32-bit overflow
-  // (nothing changed).
+  // The incremental update by one movement: shows the panels and rewrites ".TOC". False on a
+  // 32-bit overflow (nothing changed).
   bool addToTotals(const std::string& date, double amount, const std::string& sign);
   // The exact reverse of addToTotals; rewrites ".TOC" but leaves the panels as they were.
   bool removeFromTotals(const std::string& date, double amount, const std::string& sign);
-  // The full recompute from the files: credits ("A") minus debits plus the carried-forward
-  // amount, over all movements and over those up to today. Shows the panels, rewrites ".TOC".
+  // Whether that update (or its reverse) keeps both balances in the 32-bit range.
+  bool incrementFits(const std::string& date, double amount, const std::string& sign,
+                     bool reverse) const;
+  // The full recompute from the files: shows the panels, rewrites ".TOC".
   void recompute();
-
-  // The latest movement date (compared by DateKey); empty without movements.
-  std::string latestDate() const;
+  // Whether the full recompute, with movement `number` replaced by `changed` (number count+1:
+  // `changed` appended), keeps both balances in the 32-bit range.
+  bool recomputeFitsWith(std::size_t number, const Movement& changed) const;
 
   static constexpr int kCapacityReached = -1;
-  // The file whose write failed in the last movement write that did not succeed.
-  const std::string& failedFile() const { return failedFile_; }
 
  private:
-  int readMovements(std::string* problem);
-  // The full recompute over movements just read from the files.
-  void recomputeFrom(const std::vector<Movement>& stored);
-  void show(double today, double total);
-  bool applyIncrement(const std::string& date, double amount, const std::string& sign, bool reverse,
-                      bool showPanels);
-  void writeTotals(double today, double total);
+  std::string readMovements(std::vector<Movement>& out) const;
+  std::int32_t todayKey() const;
+  // The balances of a full recompute become the running balances, shown and stored.
+  void settle(const ExactBalances& exact);
+  void show(const ExactBalances& balances);
+  std::optional<WholeBalances> increment(const std::string& date, double amount,
+                                         const std::string& sign, bool reverse) const;
+  void writeTotals(const ExactBalances& balances);
 
   const DataDirectory* dir_;
   const Clock* clock_;
@@ -104,18 +95,11 @@ class OpenAccount {
   std::string creditLine_;
   std::vector<Movement> movements_;
   CarryForward carry_;
-  std::int32_t balanceTotal_ = 0;
-  std::int32_t balanceToday_ = 0;
+  WholeBalances balances_;
   StatusPanels panels_;
-  double shownToday_ = 0.0;
-  double shownTotal_ = 0.0;
+  ExactBalances shown_;
   std::string selectionFrom_;
   std::string selectionTo_;
-  std::string failedFile_;
 };
-
-// The panel texts of two balances and a credit line: "###,###,##0.00" of the balance for today,
-// of the total balance, and of today's balance plus the credit line read as a number.
-StatusPanels statusPanelsOf(double today, double total, const std::string& creditLine);
 
 }  // namespace contavia

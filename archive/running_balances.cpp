@@ -1,6 +1,5 @@
 #include "archive/running_balances.h"
 
-#include <cstdint>
 #include <limits>
 
 #include "common/dates.h"
@@ -9,6 +8,10 @@
 namespace contavia {
 namespace {
 
+constexpr const char* kPanelMask = "###,###,##0.00";
+
+bool isCredit(std::string_view sign) { return sign == "A"; }
+
 bool inRange(std::int64_t value) {
   return value >= std::numeric_limits<std::int32_t>::min() &&
          value <= std::numeric_limits<std::int32_t>::max();
@@ -16,42 +19,58 @@ bool inRange(std::int64_t value) {
 
 }  // namespace
 
-bool incrementFits(const OpenAccount& account, const std::string& today, const std::string& date,
-                   double amount, const std::string& sign, bool reverse) {
+std::optional<WholeBalances> incremented(WholeBalances from, double amount, std::string_view sign,
+                                         bool upToToday, bool reverse) {
   const auto whole = roundHalfEven(amount);
   if (!whole) {
-    return false;
+    return std::nullopt;
   }
-  // The incremental rule: "A" lowers the balances, any other sign raises them.
-  std::int64_t delta = sign == "A" ? -static_cast<std::int64_t>(*whole) : *whole;
+  std::int64_t delta = isCredit(sign) ? -static_cast<std::int64_t>(*whole) : *whole;
   if (reverse) {
     delta = -delta;
   }
-  const bool upToToday = dateKey(date) <= dateKey(today);
-  return inRange(account.balanceTotal() + delta) &&
-         inRange(account.balanceToday() + (upToToday ? delta : 0));
+  const std::int64_t total = from.total + delta;
+  const std::int64_t today = from.today + (upToToday ? delta : 0);
+  if (!inRange(total) || !inRange(today)) {
+    return std::nullopt;
+  }
+  return WholeBalances{static_cast<std::int32_t>(today), static_cast<std::int32_t>(total)};
 }
 
-bool recomputeFitsWith(const std::vector<Movement>& movements, std::size_t number,
-                       const Movement& changed, const CarryForward& carry,
-                       const std::string& today) {
-  const std::int32_t todayKey = dateKey(today);
-  double total = carry.carryAmount;
-  double upToToday = carry.carryAmount;
-  auto add = [&](const Movement& m) {
-    const double signedAmount = m.sign == "A" ? m.amount : -m.amount;
-    total += signedAmount;
-    if (dateKey(m.operationDate) <= todayKey) {
-      upToToday += signedAmount;
-    }
-  };
-  for (std::size_t i = 0; i < movements.size(); ++i) {
-    add(i + 1 == number ? changed : movements[i]);
+WholeBalances ExactBalances::wholeOrZero() const {
+  return {roundHalfEven(today).value_or(0), roundHalfEven(total).value_or(0)};
+}
+
+bool ExactBalances::fitsWholeUnits() const {
+  return roundHalfEven(today).has_value() && roundHalfEven(total).has_value();
+}
+
+void BalanceRecompute::add(const Movement& m) {
+  const bool credit = isCredit(m.sign);
+  (credit ? creditsAll_ : debitsAll_) += m.amount;
+  if (dateKey(m.operationDate) <= todayKey_) {
+    (credit ? creditsToday_ : debitsToday_) += m.amount;
   }
-  if (number > movements.size()) {
-    add(changed);
+}
+
+ExactBalances BalanceRecompute::result(std::int32_t carryAmount) const {
+  return {creditsToday_ - debitsToday_ + carryAmount, creditsAll_ - debitsAll_ + carryAmount};
+}
+
+ExactBalances recomputed(const std::vector<Movement>& movements, std::int32_t carryAmount,
+                         std::int32_t todayKey) {
+  BalanceRecompute sums(todayKey);
+  for (const Movement& m : movements) {
+    sums.add(m);
   }
-  return roundHalfEven(total).has_value() && roundHalfEven(upToToday).has_value();
+  return sums.result(carryAmount);
+}
+
+double availableOf(double today, std::string_view creditLine) { return today + val(creditLine); }
+
+StatusPanels statusPanelsOf(double today, double total, std::string_view creditLine) {
+  return StatusPanels{formatNumber(today, kPanelMask), formatNumber(total, kPanelMask),
+                      formatNumber(availableOf(today, creditLine), kPanelMask)};
 }
 
 std::string balanceOverflowText() {

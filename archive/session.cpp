@@ -1,29 +1,10 @@
 #include "archive/session.h"
 
-#include "archive/disk_errors.h"
 #include "archive/record_file.h"
 #include "archive/tables.h"
 #include "common/text.h"
 
 namespace contavia {
-
-std::string accountItem(const Account& account) {
-  return padRight(trim(account.accountCode), 10) + " " + padRight(account.accountName, 45);
-}
-
-std::vector<std::string> accountItems(const std::vector<Account>& accounts) {
-  std::vector<std::string> items;
-  items.reserve(accounts.size());
-  for (const Account& a : accounts) {
-    items.push_back(accountItem(a));
-  }
-  return items;
-}
-
-std::optional<std::size_t> findAccountByItem(const std::vector<Account>& accounts,
-                                             std::string_view item) {
-  return findAccountByCode(accounts, leftChars(item, 10));
-}
 
 std::optional<std::size_t> findAccountByCode(const std::vector<Account>& accounts,
                                              std::string_view code) {
@@ -65,39 +46,6 @@ void Session::reloadCategories() {
   auto categories = loadTable<Category>(dir_, kCategoryTable);
   tables_.categories = std::move(categories.records);
   showProblem(categories.problem);
-}
-
-bool Session::changeFolder(const std::string& folder) {
-  closeAccount();
-  clearChosenAccount();
-  const std::string previous = dir_.folder();
-  DataDirectory candidate(files(), folder);
-  std::vector<Account> accounts;
-  std::string problem;
-  const bool done = runGuarded(*prompter_, nullptr, [&](GuardedSteps& steps) {
-    std::int16_t count = 0;
-    steps.step([&] { return readCount(files(), candidate.path(filename::kAccountsCount), count); });
-    LoadedTable<Account> loaded;
-    steps.step([&] {
-      // The table is opened (and created when missing) before it is read.
-      std::vector<std::uint8_t> probe;
-      const int rc = files().read(candidate.path(filename::kAccounts), 0, 0, probe, true);
-      if (rc == diskerr::kOk) {
-        loaded = loadTable<Account>(candidate, kAccountTable);
-      }
-      return rc;
-    });
-    accounts = std::move(loaded.records);
-    problem = loaded.problem;
-  });
-  if (!done) {
-    dir_.setFolder(previous);
-    return false;
-  }
-  dir_.setFolder(candidate.folder());
-  tables_.accounts = std::move(accounts);
-  showProblem(problem);
-  return true;
 }
 
 void Session::openAccount(std::size_t index) {

@@ -25,14 +25,6 @@ struct MasterTables {
   std::int16_t movementCounter = 0;
 };
 
-// The item of an account in the account selectors: the trimmed code padded to 10 characters, a
-// blank, and the name in its full width of 45 characters.
-std::string accountItem(const Account& account);
-std::vector<std::string> accountItems(const std::vector<Account>& accounts);
-// The first account whose code matches the first 10 characters of an item (blanks ignored at
-// both ends); nullopt when none does.
-std::optional<std::size_t> findAccountByItem(const std::vector<Account>& accounts,
-                                             std::string_view item);
 // The first account whose code, trimmed, equals `code` trimmed.
 std::optional<std::size_t> findAccountByCode(const std::vector<Account>& accounts,
                                              std::string_view code);
@@ -56,11 +48,6 @@ class Session {
   void reloadCausali();
   void reloadCategories();
 
-  // Changes the DataDirectory for the rest of the run and reloads the accounts, under the
-  // disk-error routine. When the reload is given up the previous folder stays. True when the
-  // folder was changed.
-  bool changeFolder(const std::string& folder);
-
   // The working account, or null when none is open.
   OpenAccount* account() { return account_.get(); }
   const OpenAccount* account() const { return account_.get(); }
@@ -81,8 +68,10 @@ class Session {
   const std::string& chosenAccountCode() const { return chosenCode_; }
   void clearChosenAccount() { chosenCode_.clear(); }
 
- private:
+ // Shows a description of damage found in the files as an error box, when there is one.
   void showProblem(const std::string& problem);
+
+ private:
 
   DataDirectory dir_;
   Prompter* prompter_;

@@ -22,62 +22,49 @@ inline constexpr TableFiles kCausaleTable{filename::kCausali, filename::kCausali
 inline constexpr TableFiles kCategoryTable{filename::kCategories, filename::kCategoriesCount};
 inline constexpr TableFiles kGroupTable{filename::kGroups, filename::kGroupsCount};
 
+// The records 1..count of a table file that are really there, as raw bytes.
+struct CountedRecords {
+  std::vector<std::uint8_t> bytes;  // `count` records
+  std::size_t count = 0;
+  std::string problem;  // a damaged count or table, described for the user; empty when sound
+};
+
+// How the damage messages name the two files and the records.
+struct CountedNames {
+  std::string countFile;
+  std::string tableFile;
+  const char* records;  // "record", "movimenti"
+};
+
+// Reads the count and records 1..count of a table (a missing file is created empty). A count
+// below 0 or above the capacity, or a table file shorter than the count, is reported in
+// `problem`, and only the records that are really there, up to the capacity, are read.
+CountedRecords readCountedRecords(FileLayer& files, const std::string& countPath,
+                                  const std::string& tablePath, std::size_t length,
+                                  std::size_t capacity, const CountedNames& names);
+
 template <class Record>
 struct LoadedTable {
   std::vector<Record> records;
   std::string problem;  // a damaged count or file, described for the user; empty when sound
 };
 
-// Reads the count and the records 1..count of a table as raw bytes. A count below 0 or above
-// the capacity, or a table file shorter than the count, is reported in `problem` and only the
-// records that are really there, up to the capacity, are read.
-std::vector<std::uint8_t> loadTableBytes(const DataDirectory& dir, const TableFiles& files,
-                                         std::size_t length, std::size_t capacity,
-                                         std::size_t& loaded, std::string& problem);
-
 template <class Record>
 LoadedTable<Record> loadTable(const DataDirectory& dir, const TableFiles& files,
                               std::size_t capacity = Record::kCapacity) {
+  const CountedRecords counted =
+      readCountedRecords(dir.files(), dir.path(files.count), dir.path(files.table),
+                         Record::kLength, capacity, {files.count, files.table, "record"});
   LoadedTable<Record> result;
-  std::size_t loaded = 0;
-  const std::vector<std::uint8_t> bytes =
-      loadTableBytes(dir, files, Record::kLength, capacity, loaded, result.problem);
-  result.records.reserve(loaded);
-  for (std::size_t i = 0; i < loaded; ++i) {
-    result.records.push_back(decodeRecord<Record>(bytes.data() + i * Record::kLength));
+  result.problem = counted.problem;
+  result.records.reserve(counted.count);
+  for (std::size_t i = 0; i < counted.count; ++i) {
+    result.records.push_back(decodeRecord<Record>(counted.bytes.data() + i * Record::kLength));
   }
   return result;
 }
 
 // Message shown when a table is full.
 std::string tableFullText(std::size_t capacity, std::string_view what);
-
-// Appends a record: writes it at position count+1, then the new count. On a failed write
-// nothing is left changed; returns the disk-error number.
-template <class Record>
-int appendRecord(const DataDirectory& dir, const TableFiles& files, std::size_t newCount,
-                 const Record& record) {
-  WriteJournal journal(dir.files());
-  int rc = writeRecord(journal, dir.path(files.table), newCount, record);
-  if (rc == diskerr::kOk) {
-    rc = writeCount(journal, dir.path(files.count), static_cast<std::int16_t>(newCount));
-  }
-  if (rc != diskerr::kOk) {
-    journal.rollback();
-  }
-  return rc;
-}
-
-// Rewrites record n in place.
-template <class Record>
-int rewriteRecord(const DataDirectory& dir, const char* table, std::size_t n,
-                  const Record& record) {
-  WriteJournal journal(dir.files());
-  const int rc = writeRecord(journal, dir.path(table), n, record);
-  if (rc != diskerr::kOk) {
-    journal.rollback();
-  }
-  return rc;
-}
 
 }  // namespace contavia

@@ -14,9 +14,10 @@ int categoriaSalva(Context& c) {
     group = args.positional(2, "GRUPPO");
   }
   return saveCommand<CategoriesScreen>(c, args.numberOption("n"),
-                                       {{"CodCausale", args.positional(0, "CODICE")},
-                                        {"DescCausale", args.positional(1, "DESCRIZIONE")},
-                                        {kChoiceField, group}});
+                                       {{CategoriesScreen::kCode, args.positional(0, "CODICE")},
+                                        {CategoriesScreen::kDescription,
+                                         args.positional(1, "DESCRIZIONE")},
+                                        {CategoriesScreen::kGroup, group}});
 }
 
 }  // namespace

@@ -14,9 +14,9 @@ int causaleSalva(Context& c) {
     throw UsageError("il segno deve essere A (Avere) o D (Dare): \"" + sign + "\"");
   }
   return saveCommand<CausaliScreen>(c, args.numberOption("n"),
-                                    {{"CodCausale", args.positional(0, "CODICE")},
-                                     {"DescCausale", args.positional(1, "DESCRIZIONE")},
-                                     {"DarAver", sign}});
+                                    {{CausaliScreen::kCode, args.positional(0, "CODICE")},
+                                     {CausaliScreen::kDescription, args.positional(1, "DESCRIZIONE")},
+                                     {CausaliScreen::kSign, sign}});
 }
 
 }  // namespace

@@ -11,14 +11,14 @@ int contoSalva(Context& c) {
       c.arguments({"n", "categoria", "nome", "indirizzo", "cap", "localita", "provincia", "fido"});
   args.expectAtMost(1);
   return saveCommand<AccountsScreen>(c, args.numberOption("n"),
-                                     {{"CodConto", args.positional(0, "CODICE")},
-                                      {"NomeConto", args.option("nome")},
-                                      {"IndBanca", args.option("indirizzo")},
-                                      {"CapBanca", args.option("cap")},
-                                      {"LocBanca", args.option("localita")},
-                                      {"ProvBanca", args.option("provincia")},
-                                      {"Fido", args.option("fido")},
-                                      {kChoiceField, args.option("categoria")}});
+                                     {{AccountsScreen::kCode, args.positional(0, "CODICE")},
+                                      {AccountsScreen::kName, args.option("nome")},
+                                      {AccountsScreen::kAddress, args.option("indirizzo")},
+                                      {AccountsScreen::kPostCode, args.option("cap")},
+                                      {AccountsScreen::kTown, args.option("localita")},
+                                      {AccountsScreen::kProvince, args.option("provincia")},
+                                      {AccountsScreen::kCreditLine, args.option("fido")},
+                                      {AccountsScreen::kCategory, args.option("categoria")}});
 }
 
 }  // namespace

@@ -21,14 +21,11 @@ int esempio(Context& c) {
     return kExitStopped;
   }
   SampleSummary summary;
-  std::string failedFile;
-  const int rc = writeSampleArchive(session, summary, failedFile);
-  if (rc != diskerr::kOk) {
-    session.prompter().show(
-        Message{kDiskErrorTitle,
-                "Archivio di esempio incompleto: impossibile scrivere il file " + failedFile +
-                    " (" + diskErrorMessage(rc) + ").",
-                Buttons::Ok, Icon::Exclamation, Answer::Ok});
+  const WriteOutcome outcome = writeSampleArchive(session, summary);
+  if (!outcome.ok()) {
+    session.prompter().show(diskErrorBox("Archivio di esempio incompleto: impossibile scrivere il file " +
+                                         outcome.failedFile + " (" +
+                                         describeDiskError(outcome.error) + ")."));
     return kExitStopped;
   }
   c.out << "Archivio di esempio creato in " << session.dir().folder() << ": " << summary.groups

@@ -10,8 +10,8 @@ int gruppoSalva(Context& c) {
   const Arguments args = c.arguments({"n"});
   args.expectAtMost(2);
   return saveCommand<GroupsScreen>(c, args.numberOption("n"),
-                                   {{"CodGruppi", args.positional(0, "CODICE")},
-                                    {"DescGruppi", args.positional(1, "DESCRIZIONE")}});
+                                   {{GroupsScreen::kCode, args.positional(0, "CODICE")},
+                                    {GroupsScreen::kDescription, args.positional(1, "DESCRIZIONE")}});
 }
 
 }  // namespace

@@ -19,9 +19,6 @@ struct FieldValue {
   std::optional<std::string> value;
 };
 
-// The value given for `Combo1`: picked among its items by name.
-inline constexpr const char* kChoiceField = "Combo1";
-
 int printRows(Context& c, const MasterScreen& screen);
 // Chooses row `row` (1-based) when given, types the values, then "ok". Exit 0 when saved.
 int saveOn(MasterScreen& screen, std::optional<int> row, const std::vector<FieldValue>& values);

@@ -220,19 +220,13 @@ std::vector<Movement> movementsOf(const SampleAccount& account, std::size_t acco
 }
 
 template <class Record>
-int appendAll(const DataDirectory& dir, const TableFiles& files, const std::vector<Record>& records,
-              std::string& failedFile) {
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    const int rc = appendRecord(dir, files, i + 1, records[i]);
-    if (rc != diskerr::kOk) {
-      failedFile = files.table;
-      return rc;
-    }
-  }
-  return diskerr::kOk;
+void writeTable(WriteJournal& journal, const DataDirectory& dir, const TableFiles& files,
+                const std::vector<Record>& records) {
+  journal.records(dir.path(files.table), 1, records);
+  journal.count(dir.path(files.count), static_cast<std::int16_t>(records.size()));
 }
 
-int writeMasterTables(const DataDirectory& dir, SampleSummary& summary, std::string& failedFile) {
+WriteOutcome writeMasterTables(const DataDirectory& dir, SampleSummary& summary) {
   std::vector<Group> groups;
   for (const SampleGroup& g : kGroups) {
     groups.push_back(Group{static_cast<std::int16_t>(groups.size() + 1), g.code, g.name, " ", " "});
@@ -271,17 +265,12 @@ int writeMasterTables(const DataDirectory& dir, SampleSummary& summary, std::str
   summary.categories = categories.size();
   summary.causali = causali.size();
   summary.accounts = accounts.size();
-  int rc = appendAll(dir, kGroupTable, groups, failedFile);
-  if (rc == diskerr::kOk) {
-    rc = appendAll(dir, kCategoryTable, categories, failedFile);
-  }
-  if (rc == diskerr::kOk) {
-    rc = appendAll(dir, kCausaleTable, causali, failedFile);
-  }
-  if (rc == diskerr::kOk) {
-    rc = appendAll(dir, kAccountTable, accounts, failedFile);
-  }
-  return rc;
+  WriteJournal journal(dir.files());
+  writeTable(journal, dir, kGroupTable, groups);
+  writeTable(journal, dir, kCategoryTable, categories);
+  writeTable(journal, dir, kCausaleTable, causali);
+  writeTable(journal, dir, kAccountTable, accounts);
+  return journal.finish();
 }
 
 }  // namespace
@@ -297,28 +286,27 @@ bool canHoldSample(Session& session) {
   });
 }
 
-int writeSampleArchive(Session& session, SampleSummary& summary, std::string& failedFile) {
+WriteOutcome writeSampleArchive(Session& session, SampleSummary& summary) {
   const DataDirectory& dir = session.dir();
-  int rc = writeMasterTables(dir, summary, failedFile);
+  WriteOutcome outcome = writeMasterTables(dir, summary);
   const CalendarDate today = session.clock().today();
-  for (std::size_t i = 0; i < sampleAccounts().size() && rc == diskerr::kOk; ++i) {
+  for (std::size_t i = 0; i < sampleAccounts().size() && outcome.ok(); ++i) {
     const SampleAccount& a = sampleAccounts()[i];
     OpenAccount account(dir, session.clock(), a.code, a.creditLine);
     account.load();
     const std::vector<Movement> movements = movementsOf(a, i, today);
     for (const Movement& m : movements) {
-      rc = account.appendMovement(m);
-      if (rc != diskerr::kOk) {
-        failedFile = std::string(a.code) + filename::kMovements;
-        return rc;
+      outcome = account.appendMovement(m);
+      if (!outcome.ok()) {
+        return outcome;
       }
     }
     summary.movements += movements.size();
     account.setSelection(movements.empty() ? "" : movements.front().operationDate,
-                         account.latestDate());
+                         account.dateSpan().latest);
     account.recompute();
   }
-  return rc;
+  return outcome;
 }
 
 }  // namespace contavia::cli

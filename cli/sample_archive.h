@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "archive/session.h"
+#include "archive/write_journal.h"
 
 namespace contavia::cli {
 
@@ -20,8 +21,8 @@ struct SampleSummary {
 // sample's accounts. The session must be started.
 bool canHoldSample(Session& session);
 
-// Writes the sample through the archive's own functions. Returns the disk-error number of the
-// first write that failed (0 when everything was written); `failedFile` names its file.
-int writeSampleArchive(Session& session, SampleSummary& summary, std::string& failedFile);
+// Writes the sample through the archive's own functions: the master tables all or nothing, then
+// the movements of each account. The outcome names the first write that failed.
+WriteOutcome writeSampleArchive(Session& session, SampleSummary& summary);
 
 }  // namespace contavia::cli

@@ -94,9 +94,13 @@ bool isValidDate(int day, int month, int year) {
   return day <= 31;
 }
 
+Message wrongDateBox() {
+  return Message{"Errore", kWrongDateText, Buttons::Ok, Icon::Exclamation, Answer::Ok};
+}
+
 void validateDate(int day, int month, int year, bool& ok, Prompter& prompter) {
   if (!isValidDate(day, month, year)) {
-    prompter.show(Message{"Errore", kWrongDateText, Buttons::Ok, Icon::Exclamation, Answer::Ok});
+    prompter.show(wrongDateBox());
     ok = false;
   }
 }

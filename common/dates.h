@@ -9,6 +9,7 @@
 namespace contavia {
 
 class Prompter;
+struct Message;
 
 struct CalendarDate {
   int day = 0;
@@ -27,6 +28,9 @@ bool isLeapYear(int year);
 inline constexpr const char* kWrongDateText =
     " Data Errata; Inserire la data nel formato GGMMAAAA immettendo lo zero davanti ai numeri "
     "con una sola cifra.";
+
+// The box that refuses a date: "Errore", the text above, exclamation.
+Message wrongDateBox();
 
 // True when the triple passes the date rules (a day of 0 or less is not refused).
 bool isValidDate(int day, int month, int year);

@@ -29,11 +29,15 @@ class Prompter {
 
 // The program's own title, used by the boxes that carry no title of their own.
 inline constexpr const char* kProgramTitle = "Contavia";
+inline constexpr const char* kDiskErrorTitle = "Errore Disco";
 
-// Message box builders for the three kinds of box the system uses.
+// Message box builders for the kinds of box the system uses.
 Message errorBox(std::string text);                     // "ERRORE", OK, exclamation
 Message warningQuestion(std::string text);              // "AVVERTIMENTO!", OK/Cancel
 Message plainBox(std::string title, std::string text);  // OK, no icon
+// "Errore Disco", exclamation; the default button is Retry for Retry/Cancel, Abort for
+// Abort/Retry/Ignore, OK for OK.
+Message diskErrorBox(std::string text, Buttons buttons = Buttons::Ok);
 
 // Shows a question and tells whether the user pressed OK.
 bool confirm(Prompter& prompter, const Message& question);

@@ -1,6 +1,6 @@
 #include "frame/account_selector.h"
 
-#include "archive/session.h"
+#include "masterdata/account_item.h"
 
 namespace contavia {
 namespace {

@@ -34,15 +34,8 @@ bool reorderTwoDigitYears(Session& session) {
       changed.push_back(std::move(rewritten));
     }
   }
-  if (changed.empty()) {
-    return true;
-  }
-  const int rc = account->rewriteMovements(std::move(changed));
-  if (rc != diskerr::kOk) {
-    reportWriteFailure(session.prompter(), account->failedFile(), rc);
-    return false;
-  }
-  return true;
+  return changed.empty() ||
+         written(session.prompter(), account->rewriteMovements(std::move(changed)));
 }
 
 }  // namespace contavia

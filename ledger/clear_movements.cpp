@@ -30,10 +30,7 @@ bool clearAccountMovements(Session& session) {
   const int rc = deleteAccountFiles(session.dir(), code, CodeMatch::Exact);
   session.openAccount(*index);
   if (rc != diskerr::kOk) {
-    prompter.show(Message{kDiskErrorTitle,
-                          "Non è stato possibile eliminare tutti i file del conto " + code + " (" +
-                              diskErrorMessage(rc) + ").",
-                          Buttons::Ok, Icon::Exclamation, Answer::Ok});
+    prompter.show(undeletedFilesBox(code, rc));
     return false;
   }
   return true;

@@ -5,11 +5,12 @@
 #include "archive/disk_errors.h"
 #include "archive/record_file.h"
 #include "archive/tables.h"
-#include "common/text.h"
 #include "archive/running_balances.h"
+#include "common/text.h"
 #include "common/dates.h"
 #include "common/key_rules.h"
 #include "common/number_masks.h"
+#include "ledger/causale_index.h"
 
 namespace contavia {
 namespace {
@@ -20,34 +21,10 @@ constexpr const char* kDeleteQuestion =
     "Attenzione il movimento selezionato verrà cancellato, ...Vuoi Continuare?";
 constexpr const char* kEntryAmountMask = "##,###,###.00";
 
-// The causale of a code (trimmed), the last of equal codes winning as in the movement list.
-const Causale* findCausale(const std::vector<Causale>& causali, const std::string& code) {
-  const Causale* found = nullptr;
-  for (const Causale& c : causali) {
-    if (trim(c.causaleCode) == code) {
-      found = &c;
-    }
-  }
-  return found;
-}
-
 // `text` when it is a real "dd/mm/yyyy" date, else `fallback`.
 std::string dateOr(const std::string& text, const std::string& fallback) {
   const std::string trimmed = trim(text);
   return parseDate(trimmed) ? trimmed : fallback;
-}
-
-std::string earliestDate(const std::vector<Movement>& movements) {
-  std::string earliest;
-  std::int32_t earliestKey = 0;
-  for (const Movement& m : movements) {
-    const std::int32_t key = dateKey(m.operationDate);
-    if (earliest.empty() || key < earliestKey) {
-      earliest = trim(m.operationDate);
-      earliestKey = key;
-    }
-  }
-  return earliest;
 }
 
 }  // namespace
@@ -81,8 +58,9 @@ void MovementEntry::open() {
   OpenAccount& a = account();
   const std::string today = session_.clock().todayText();
   filter_ = ListFilter{};
-  filter_.from = dateOr(a.selectionFrom(), dateOr(earliestDate(a.movements()), today));
-  filter_.to = dateOr(a.latestDate(), dateOr(a.selectionTo(), today));
+  const DateSpan span = a.dateSpan();
+  filter_.from = dateOr(a.selectionFrom(), dateOr(span.earliest, today));
+  filter_.to = dateOr(span.latest, dateOr(a.selectionTo(), today));
   a.setSelection(filter_.from, filter_.to);
   view_ = ListBuilder::Main;
   resetRow();
@@ -135,7 +113,7 @@ bool MovementEntry::lookupCausale() {
   if (code.empty()) {
     return true;
   }
-  const Causale* causale = findCausale(session_.tables().causali, code);
+  const Causale* causale = CausaleIndex(session_.tables().causali).find(code);
   if (causale == nullptr) {
     return stop(kUnknownCausaleText);
   }
@@ -171,14 +149,14 @@ bool MovementEntry::selectMovement(std::size_t number) {
     abandon();
   }
   const Movement m = movements[slot];
-  if (!incrementFits(a, session_.clock().todayText(), m.operationDate, m.amount, m.sign, true)) {
+  if (!a.incrementFits(m.operationDate, m.amount, m.sign, /*reverse=*/true)) {
     return stop(balanceOverflowText());
   }
   selected_ = number;
   row_.number = std::to_string(number);
   row_.date = trim(m.operationDate);
   row_.causale = trim(m.causaleCode);
-  const Causale* causale = findCausale(session_.tables().causali, row_.causale);
+  const Causale* causale = CausaleIndex(session_.tables().causali).find(row_.causale);
   row_.causaleDescription = causale != nullptr ? trimRight(causale->causaleDescription) : "";
   row_.sign = trim(m.sign);
   row_.amount = formatNumber(m.amount, kEntryAmountMask);
@@ -216,8 +194,7 @@ bool MovementEntry::save() {
   }
   const auto date = parseDate(trim(row_.date));
   if (!date) {
-    session_.prompter().show(
-        Message{"Errore", kWrongDateText, Buttons::Ok, Icon::Exclamation, Answer::Ok});
+    session_.prompter().show(wrongDateBox());
     return false;
   }
   const std::string dateText = formatDateDmy(*date);
@@ -242,12 +219,11 @@ bool MovementEntry::saveNew(double amount, const std::string& date) {
   if (!balancesFit(number, m)) {
     return stop(balanceOverflowText());
   }
-  const int rc = a.appendMovement(m);
-  if (rc == OpenAccount::kCapacityReached) {
+  const WriteOutcome outcome = a.appendMovement(m);
+  if (outcome.error == OpenAccount::kCapacityReached) {
     return stop(tableFullText(Movement::kCapacity, "movimenti in un conto"));
   }
-  if (rc != diskerr::kOk) {
-    reportWriteFailure(session_.prompter(), a.failedFile(), rc);
+  if (!written(session_.prompter(), outcome)) {
     return false;
   }
   readCount(session_.files(), session_.dir().path(filename::kMovementCounter),
@@ -263,9 +239,7 @@ bool MovementEntry::saveChanged(double amount, const std::string& date) {
   if (!balancesFit(selected_, m)) {
     return stop(balanceOverflowText());
   }
-  const int rc = a.rewriteMovement(selected_, m);
-  if (rc != diskerr::kOk) {
-    reportWriteFailure(session_.prompter(), a.failedFile(), rc);
+  if (!written(session_.prompter(), a.rewriteMovements({m}))) {
     return false;
   }
   finishSave(m);
@@ -276,10 +250,7 @@ bool MovementEntry::balancesFit(std::size_t number, const Movement& saved) {
   // What stays is the recompute's balance; the incremental step in between is skipped when it
   // alone would leave the range. The amount itself must have a whole-unit value, or the
   // movement could never be selected again.
-  const OpenAccount& a = account();
-  return roundHalfEven(saved.amount).has_value() &&
-         recomputeFitsWith(a.movements(), number, saved, a.carryForward(),
-                           session_.clock().todayText());
+  return roundHalfEven(saved.amount).has_value() && account().recomputeFitsWith(number, saved);
 }
 
 void MovementEntry::finishSave(const Movement& saved) {
@@ -314,9 +285,7 @@ bool MovementEntry::deleteSelected() {
       kept.push_back(m);
     }
   }
-  const int rc = a.replaceMovements(std::move(kept));
-  if (rc != diskerr::kOk) {
-    reportWriteFailure(session_.prompter(), a.failedFile(), rc);
+  if (!written(session_.prompter(), a.replaceMovements(std::move(kept)))) {
     return false;
   }
   rebuild();

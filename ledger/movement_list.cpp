@@ -10,6 +10,7 @@
 #include <unordered_map>
 
 #include "common/text.h"
+#include "ledger/causale_index.h"
 #include "common/dates.h"
 #include "common/number_masks.h"
 
@@ -121,14 +122,14 @@ CausaleName causaleName(const std::string& description) {
   return {description, leftChars(description, kCausaleWidth)};
 }
 
-// The causale of each code (trimmed), the last of equal codes winning.
+// The causale name of each code (trimmed).
 using CausaleNames = std::unordered_map<std::string, CausaleName>;
 
 CausaleNames causaleNames(const std::vector<Causale>& causali) {
   CausaleNames names;
-  names.reserve(causali.size());
-  for (const Causale& c : causali) {
-    names[trim(c.causaleCode)] = causaleName(trim(c.causaleDescription));
+  const CausaleIndex index(causali);
+  for (const auto& [code, causale] : index.byCode()) {
+    names.emplace(code, causaleName(trim(causale->causaleDescription)));
   }
   return names;
 }
@@ -259,6 +260,11 @@ std::vector<std::uint32_t> sortedAsText(const std::vector<std::string>& keyed) {
 }
 
 }  // namespace
+
+std::string movementListHeading() {
+  return padRight("Data", 11) + padRight("N.O.", 4) + padLeft("Dare", 14) + padLeft("Avere", 13) +
+         " " + padRight("Causale", kCausaleWidth + 1) + "Doc.-Descrizione";
+}
 
 std::vector<std::string> causaleSelectorItems(const std::vector<Causale>& causali) {
   std::vector<std::string> items;

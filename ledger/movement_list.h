@@ -33,6 +33,9 @@ inline constexpr const char* kAllCausali = " TUTTE";
 // The causale selector of the movement window: " TUTTE", then every description in file order.
 std::vector<std::string> causaleSelectorItems(const std::vector<Causale>& causali);
 
+// The column heading over the list, lined up with its lines.
+std::string movementListHeading();
+
 // Builds the list. `filter` is used by the filtered builder only.
 MovementList buildMovementList(const std::vector<Movement>& movements, const CarryForward& carry,
                                const std::vector<Causale>& causali, ListBuilder builder,

@@ -3,33 +3,25 @@
 #include "archive/account_files.h"
 #include "archive/disk_errors.h"
 #include "masterdata/account_codes.h"
+#include "masterdata/account_item.h"
 #include "masterdata/code_rules.h"
 
 namespace contavia {
-namespace {
-
-constexpr const char* kCode = "CodConto";
-constexpr const char* kName = "NomeConto";
-constexpr const char* kAddress = "IndBanca";
-constexpr const char* kPostCode = "CapBanca";
-constexpr const char* kTown = "LocBanca";
-constexpr const char* kProvince = "ProvBanca";
-constexpr const char* kCreditLine = "Fido";
-constexpr const char* kCategory = "Combo1";
-
-}  // namespace
-
 AccountsScreen::AccountsScreen(Session& session)
     : TableScreen(session,
-                  {{kCode, 10},
-                   {kName, 45},
-                   {kAddress, 45},
-                   {kPostCode, 5, kDigits},
-                   {kTown, 25},
-                   {kProvince, 2},
-                   {kCreditLine, 15, kDigits},
-                   {kCategory, 33}},
-                  Setup{kAccountTable, kAccountTable, "conti", /*keepsChangedRecord=*/false}) {
+                  {{.name = kCode, .label = "Nr. conto", .width = 10},
+                   {.name = kName, .label = "Nome", .width = 45},
+                   {.name = kAddress, .label = "Indirizzo", .width = 45},
+                   {.name = kPostCode, .label = "CAP", .width = 5, .accepts = kDigits},
+                   {.name = kTown, .label = "Località", .width = 25},
+                   {.name = kProvince, .label = "Provincia", .width = 2},
+                   {.name = kCreditLine, .label = "Fido", .width = 15, .accepts = kDigits},
+                   {.name = kCategory,
+                    .label = "Categoria",
+                    .width = 33,
+                    .kind = FieldDefinition::Choice}},
+                  Setup{kAccountTable, kAccountTable, "conti", /*keepsChangedRecord=*/false,
+                        kAccountItemWidth, padRight("Codice", 11) + "Nome"}) {
   open();
   categories_ = readTable<Category>(session, kCategoryTable);
 }
@@ -76,7 +68,7 @@ bool AccountsScreen::enter(std::string_view name) {
 std::string AccountsScreen::row(const Account& r) const { return accountItem(r); }
 
 bool AccountsScreen::rowNames(const Account& r, std::string_view chosen) const {
-  return trim(r.accountCode) == trim(leftChars(chosen, 10));
+  return itemNames(chosen, r);
 }
 
 void AccountsScreen::show(const Account& r) {
@@ -161,11 +153,9 @@ bool AccountsScreen::mayRemoveConfirmed(const Account& r) {
 // The files of every account whose code begins with the deleted one go too (account 1 takes
 // the files of account 10); only account files are ever taken.
 void AccountsScreen::removed(const Account& r) {
-  if (deleteAccountFiles(session().dir(), r.accountCode, CodeMatch::Prefix) != diskerr::kOk) {
-    session().prompter().show(Message{
-        kDiskErrorTitle,
-        "Non è stato possibile cancellare tutti i file del conto " + trim(r.accountCode) + ".",
-        Buttons::Ok, Icon::Exclamation, Answer::Ok});
+  if (const int rc = deleteAccountFiles(session().dir(), r.accountCode, CodeMatch::Prefix);
+      rc != diskerr::kOk) {
+    session().prompter().show(undeletedFilesBox(r.accountCode, rc));
   }
 }
 

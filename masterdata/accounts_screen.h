@@ -11,6 +11,15 @@ namespace contavia {
 
 class AccountsScreen final : public TableScreen<Account> {
  public:
+  static constexpr const char* kCode = "CodConto";
+  static constexpr const char* kName = "NomeConto";
+  static constexpr const char* kAddress = "IndBanca";
+  static constexpr const char* kPostCode = "CapBanca";
+  static constexpr const char* kTown = "LocBanca";
+  static constexpr const char* kProvince = "ProvBanca";
+  static constexpr const char* kCreditLine = "Fido";
+  static constexpr const char* kCategory = kChoiceField;
+
   // Opening: the accounts are read from "CONTI.CON" and become the program's accounts; the
   // categories are read from "Tipo.con" for `Combo1`.
   explicit AccountsScreen(Session& session);

@@ -5,9 +5,9 @@
 namespace contavia {
 namespace {
 
-constexpr const char* kCode = "CodCausale";
-constexpr const char* kDescription = "DescCausale";
-constexpr const char* kGroup = "Combo1";
+constexpr const char* kCode = CategoriesScreen::kCode;
+constexpr const char* kDescription = CategoriesScreen::kDescription;
+constexpr const char* kGroup = CategoriesScreen::kGroup;
 
 constexpr CodeRules kRules{kCode, kDescription, "Nr. codice già presente",
                            /*beepWhenMissing=*/false, /*emptyCodeWhenMissing=*/false};
@@ -15,9 +15,12 @@ constexpr CodeRules kRules{kCode, kDescription, "Nr. codice già presente",
 }  // namespace
 
 CategoriesScreen::CategoriesScreen(Session& session)
-    : TableScreen(session, {{kCode, 5}, {kDescription, 25}, {kGroup, 25}},
+    : TableScreen(session,
+                  {{.name = kCode, .label = "Codice", .width = 5},
+                   {.name = kDescription, .label = "Descrizione", .width = 25},
+                   {.name = kGroup, .label = "Gruppo", .width = 25, .kind = FieldDefinition::Choice}},
                   Setup{kCategoryTable, kCategoryTable, "categorie",
-                        /*keepsChangedRecord=*/false}) {
+                        /*keepsChangedRecord=*/false, kCodeDashNameWidth, codeDashNameHeading()}) {
   open();
   groups_ = readTable<Group>(session, kGroupTable);
 }

@@ -9,6 +9,10 @@ namespace contavia {
 
 class CategoriesScreen final : public TableScreen<Category> {
  public:
+  static constexpr const char* kCode = "CodCausale";
+  static constexpr const char* kDescription = "DescCausale";
+  static constexpr const char* kGroup = kChoiceField;
+
   // Opening: the categories are read from "Tipo.con" and become the program's categories; the
   // groups are read from "Gruppi.con" for `Combo1`.
   explicit CategoriesScreen(Session& session);

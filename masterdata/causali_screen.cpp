@@ -6,9 +6,12 @@
 namespace contavia {
 namespace {
 
-constexpr const char* kCode = "CodCausale";
-constexpr const char* kDescription = "DescCausale";
-constexpr const char* kSign = "DarAver";  // "A" (option 0) or "D" (option 1); empty: neither
+constexpr const char* kCode = CausaliScreen::kCode;
+constexpr const char* kDescription = CausaliScreen::kDescription;
+constexpr const char* kSign = CausaliScreen::kSign;
+
+// A row: the code (5), a blank, the description (25), a blank and the sign.
+constexpr std::size_t kRowWidth = 33;
 
 constexpr CodeRules kRules{kCode, kDescription, "Nr di causale già presente",
                            /*beepWhenMissing=*/true, /*emptyCodeWhenMissing=*/true};
@@ -18,11 +21,20 @@ constexpr CodeRules kRules{kCode, kDescription, "Nr di causale già presente",
 // A delete writes the compacted table to "causali.con"/"Reccausali.con" and reads it back from
 // there; "Causali.CAP" keeps the deleted causale, which is listed again at the next opening.
 CausaliScreen::CausaliScreen(Session& session)
-    : TableScreen(session, {{kCode, 5}, {kDescription, 25}, {kSign, 1, "AD", /*keptOnClear=*/true}},
+    : TableScreen(session,
+                  {{.name = kCode, .label = "Codice", .width = 5},
+                   {.name = kDescription, .label = "Descrizione", .width = 25},
+                   {.name = kSign,
+                    .label = "Segno",
+                    .width = 1,
+                    .accepts = "AD",
+                    .keptOnClear = true,
+                    .kind = FieldDefinition::SignOptions}},
                   Setup{kCausaleTable,
                         {filename::kCausaliAfterDelete, filename::kCausaliAfterDeleteCount},
                         "causali",
-                        /*keepsChangedRecord=*/true}) {
+                        /*keepsChangedRecord=*/true, kRowWidth,
+                        padRight("Cod.", 6) + padRight("Descrizione", 26) + "D/A"}) {
   open();
 }
 

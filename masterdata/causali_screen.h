@@ -11,6 +11,10 @@ inline constexpr const char* kSignOfOption[2] = {"A", "D"};
 
 class CausaliScreen final : public TableScreen<Causale> {
  public:
+  static constexpr const char* kCode = "CodCausale";
+  static constexpr const char* kDescription = "DescCausale";
+  static constexpr const char* kSign = "DarAver";  // "A" (option 0) or "D" (option 1); empty: neither
+
   // Opening: the causali are read from "Causali.CAP" and become the program's causali.
   explicit CausaliScreen(Session& session);
 

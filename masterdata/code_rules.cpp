@@ -16,4 +16,6 @@ std::string codeDashNameRow(std::string_view code, std::string_view name) {
   return padRight(trim(code), 5) + " - " + padRight(name, 25);
 }
 
+std::string codeDashNameHeading() { return padRight("Cod.", 8) + "Descrizione"; }
+
 }  // namespace contavia

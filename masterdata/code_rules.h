@@ -78,7 +78,9 @@ bool notInUse(Prompter& prompter, std::int64_t count, std::string_view before,
               std::string_view after);
 
 // The list row of groups and categories: the trimmed code padded to 5, " - ", the description in
-// its full width of 25.
+// its full width of 25; and the heading over such rows.
+inline constexpr std::size_t kCodeDashNameWidth = 33;
 std::string codeDashNameRow(std::string_view code, std::string_view name);
+std::string codeDashNameHeading();
 
 }  // namespace contavia

@@ -5,8 +5,8 @@
 namespace contavia {
 namespace {
 
-constexpr const char* kCode = "CodGruppi";
-constexpr const char* kDescription = "DescGruppi";
+constexpr const char* kCode = GroupsScreen::kCode;
+constexpr const char* kDescription = GroupsScreen::kDescription;
 
 constexpr CodeRules kRules{kCode, kDescription, "Nr. codice già presente",
                            /*beepWhenMissing=*/true, /*emptyCodeWhenMissing=*/false};
@@ -14,8 +14,11 @@ constexpr CodeRules kRules{kCode, kDescription, "Nr. codice già presente",
 }  // namespace
 
 GroupsScreen::GroupsScreen(Session& session)
-    : TableScreen(session, {{kCode, 5}, {kDescription, 25}},
-                  Setup{kGroupTable, kGroupTable, "gruppi", /*keepsChangedRecord=*/false}) {
+    : TableScreen(session,
+                  {{.name = kCode, .label = "Codice", .width = 5},
+                   {.name = kDescription, .label = "Descrizione", .width = 25}},
+                  Setup{kGroupTable, kGroupTable, "gruppi", /*keepsChangedRecord=*/false,
+                        kCodeDashNameWidth, codeDashNameHeading()}) {
   open();
 }
 

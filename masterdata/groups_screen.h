@@ -8,6 +8,9 @@ namespace contavia {
 
 class GroupsScreen final : public TableScreen<Group> {
  public:
+  static constexpr const char* kCode = "CodGruppi";
+  static constexpr const char* kDescription = "DescGruppi";
+
   // Opening: the groups are read from "Gruppi.con".
   explicit GroupsScreen(Session& session);
 

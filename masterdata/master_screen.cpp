@@ -5,10 +5,6 @@
 #include "common/text.h"
 
 namespace contavia {
-namespace {
-constexpr const char* kChoice = "Combo1";
-}  // namespace
-
 MasterScreen::MasterScreen(Session& session, std::vector<FieldDefinition> specs)
     : session_(&session), specs_(std::move(specs)), values_(specs_.size()) {}
 
@@ -45,12 +41,12 @@ bool MasterScreen::enter(std::string_view) { return true; }
 
 bool MasterScreen::pickChoice(std::string_view name) {
   if (trim(name).empty()) {
-    put(kChoice, {});
+    put(kChoiceField, {});
     return true;
   }
   for (const std::string& item : choices()) {
     if (trim(item) == trim(name)) {
-      put(kChoice, item);
+      put(kChoiceField, item);
       return true;
     }
   }

@@ -16,13 +16,23 @@ class Session;
 
 // The characters of a digits-only field.
 inline constexpr const char* kDigits = "0123456789";
+// The drop-down list of the screens that have one.
+inline constexpr const char* kChoiceField = "Combo1";
 
-// An entry field: its control name, how many characters it holds, and its key rule.
+// An entry field: its control name, its caption, how many characters it holds, its key rule and
+// the kind of control that shows it.
 struct FieldDefinition {
+  enum Kind {
+    Text,         // a text box
+    SignOptions,  // the two options "A" (option 0) and "D" (option 1)
+    Choice,       // a drop-down list of the screen's choices()
+  };
   const char* name;
+  const char* label;
   std::size_t width;
   const char* accepts = nullptr;  // the only characters it takes (kDigits, "AD"); null: any
   bool keptOnClear = false;       // "pulisci" leaves it as it is (the sign options)
+  Kind kind = Text;
 
   bool digitsOnly() const { return accepts != nullptr && std::string_view(accepts) == kDigits; }
 };
@@ -45,8 +55,11 @@ class MasterScreen {
   // Enter pressed in a field: true when the focus moves on to the next field.
   virtual bool enter(std::string_view name);
 
-  // The list rows, in table order.
+  // The list rows, in table order, each rowWidth() characters wide, and the column heading that
+  // lines up with them.
   virtual std::vector<std::string> rows() const = 0;
+  virtual std::size_t rowWidth() const = 0;
+  virtual std::string heading() const = 0;
   // The items of the drop-down list `Combo1`, when the screen has one.
   virtual std::vector<std::string> choices() const { return {}; }
   // Picks the item of `Combo1` that `name` names (its text, blanks ignored); an empty name

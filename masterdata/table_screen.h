@@ -15,10 +15,11 @@
 
 #include "common/prompter.h"
 #include "archive/record_codec.h"
+#include "archive/disk_errors.h"
 #include "archive/session.h"
 #include "archive/tables.h"
+#include "archive/write_journal.h"
 #include "masterdata/master_screen.h"
-#include "masterdata/pending_writes.h"
 
 namespace contavia {
 
@@ -26,9 +27,7 @@ namespace contavia {
 template <class Record>
 std::vector<Record> readTable(Session& session, const TableFiles& files) {
   LoadedTable<Record> loaded = loadTable<Record>(session.dir(), files);
-  if (!loaded.problem.empty()) {
-    session.prompter().show(errorBox(loaded.problem));
-  }
+  session.showProblem(loaded.problem);
   return std::move(loaded.records);
 }
 
@@ -36,6 +35,9 @@ template <class Record>
 class TableScreen : public MasterScreen {
  public:
   const std::vector<Record>& table() const { return table_; }
+
+  std::size_t rowWidth() const override { return setup_.rowWidth; }
+  std::string heading() const override { return setup_.heading; }
 
   std::vector<std::string> rows() const override {
     std::vector<std::string> out;
@@ -76,12 +78,12 @@ class TableScreen : public MasterScreen {
     fill(record);
     record.recordNumber = static_cast<std::int16_t>(number);
     record = decodeRecord<Record>(encodeRecord(record).data());  // as it stands in the file
-    PendingWrites writes(session());
-    writes.record(setup_.files.table, number, record);
+    WriteJournal journal(session().files());
+    journal.record(session().dir().path(setup_.files.table), number, record);
     if (!changing) {
-      writes.count(setup_.files.count, number);
+      journal.count(session().dir().path(setup_.files.count), static_cast<std::int16_t>(number));
     }
-    if (!writes.commit()) {
+    if (!written(session().prompter(), journal.finish())) {
       return false;
     }
     if (changing) {
@@ -114,10 +116,11 @@ class TableScreen : public MasterScreen {
         kept.back().recordNumber = static_cast<std::int16_t>(kept.size());
       }
     }
-    PendingWrites writes(session());
-    writes.records(setup_.afterDelete.table, kept);
-    writes.count(setup_.afterDelete.count, kept.size());
-    if (!writes.commit()) {
+    WriteJournal journal(session().files());
+    journal.records(session().dir().path(setup_.afterDelete.table), 1, kept);
+    journal.count(session().dir().path(setup_.afterDelete.count),
+                  static_cast<std::int16_t>(kept.size()));
+    if (!written(session().prompter(), journal.finish())) {
       return false;
     }
     removed(target);
@@ -132,6 +135,8 @@ class TableScreen : public MasterScreen {
     TableFiles afterDelete;   // where a delete writes the compacted table and reads it back
     const char* what;         // the records, as the "table full" message names them
     bool keepsChangedRecord;  // after a change the fields and the selection stay
+    std::size_t rowWidth;     // characters of a list row
+    std::string heading;      // the column heading over the list
   };
 
   TableScreen(Session& session, std::vector<FieldDefinition> specs, Setup setup)

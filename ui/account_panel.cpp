@@ -7,17 +7,14 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-#include "frame/account_selector.h"
-#include "common/prompter.h"
 #include "archive/session.h"
-#include "common/text.h"
-#include "common/number_masks.h"
+#include "frame/account_panel_texts.h"
+#include "frame/account_selector.h"
+#include "masterdata/account_item.h"
 #include "ui/widget_helpers.h"
 
 namespace contavia::ui {
 namespace {
-
-constexpr const char* kBalanceMask = "###,###,###.00";
 
 // Colours of the standard 16-colour palette used by the letter index.
 const QColor kWhite(0xFF, 0xFF, 0xFF);   // 15
@@ -31,8 +28,6 @@ void paintLabel(QLabel* label, const QColor& back, const QColor& fore) {
   p.setColor(QPalette::WindowText, fore);
   label->setPalette(p);
 }
-
-QString qs(const std::string& text) { return QString::fromStdString(text); }
 
 QLabel* caption(const QString& controlName, const QString& text) {
   auto* label = named(new ClickableLabel(text), controlName);
@@ -173,33 +168,16 @@ void AccountPanel::chooseLetter(int label) {
 void AccountPanel::showToday() { today_->setText(qs(session_.clock().todayText())); }
 
 void AccountPanel::showAccount() {
-  const OpenAccount* account = session_.account();
-  const auto index = session_.accountIndex();
-  if (account == nullptr || !index) {
-    for (QLabel* l :
-         {accountName_, accountAddress_, accountTown_, group_, category_, latestDate_}) {
-      l->clear();
-    }
-    for (ClickableLabel* f : figures_) {
-      f->clear();
-    }
-    return;
+  const AccountPanelTexts texts = accountPanelTexts(session_);
+  accountName_->setText(qs(texts.name));
+  accountAddress_->setText(qs(texts.address));
+  accountTown_->setText(qs(texts.town));
+  group_->setText(qs(texts.group));
+  category_->setText(qs(texts.category));
+  latestDate_->setText(qs(texts.latestDate));
+  for (std::size_t i = 0; i < figures_.size(); ++i) {
+    figures_[i]->setText(qs(texts.figures[i]));
   }
-  const Account& a = session_.tables().accounts.at(*index);
-  accountName_->setText(qs(trim(a.accountCode) + "  " + trim(a.accountName)));
-  accountAddress_->setText(qs(trim(a.bankAddress)));
-  const std::string province = trim(a.bankProvince);
-  accountTown_->setText(qs(trim(trim(a.bankPostCode) + " " + trim(a.bankTown)) +
-                           (province.empty() ? "" : " (" + province + ")")));
-  group_->setText(qs(trim(a.groupName)));
-  category_->setText(qs(trim(a.categoryName)));
-  const double credit = val(a.creditLine);
-  const double today = account->shownBalanceToday();
-  latestDate_->setText(qs(account->latestDate()));
-  figures_[0]->setText(qs(formatNumber(today, kBalanceMask)));
-  figures_[1]->setText(qs(formatNumber(account->shownBalanceTotal(), kBalanceMask)));
-  figures_[2]->setText(qs(formatNumber(credit, kBalanceMask)));
-  figures_[3]->setText(qs(formatNumber(today + credit, kBalanceMask)));
 }
 
 }  // namespace contavia::ui

@@ -18,6 +18,7 @@
 #include "archive/session.h"
 #include "frame/two_digit_years.h"
 #include "ledger/clear_movements.h"
+#include "masterdata/account_item.h"
 #include "ui/account_panel.h"
 #include "ui/master_windows.h"
 #include "ui/movement_window.h"
@@ -103,11 +104,7 @@ void MainWindow::buildMenus() {
 
   QMenu* file = menu("File", "&File");
   addEntry(file, "parc", "Percorso archivi", [this] { changeFolder(); });
-  addEntry(file, "Close", "Chiudi", [this] {
-    closeAccount();
-    session_.clearChosenAccount();
-    panel_->selector()->setCurrentIndex(-1);
-  });
+  addEntry(file, "Close", "Chiudi", [this] { closeAccountAndChoice(); });
   addEntry(file, "PRF", "Preferenze", nullptr);
   addEntry(file, "ImpStam", "Imposta Stampante", [this] { setUpPrinter(); });
   addEntry(file, "Causali", "Stampa Archivi", nullptr);
@@ -200,16 +197,16 @@ MovementWindow* MainWindow::movementWindow() const {
 void MainWindow::showBalances() {
   const OpenAccount* account = session_.account();
   const StatusPanels panels = account != nullptr ? account->panels() : StatusPanels{};
-  statusPanels_[0]->setText(QString::fromStdString(panels.balanceToday));
-  statusPanels_[1]->setText(QString::fromStdString(session_.currentAccountCode()));
-  statusPanels_[2]->setText(QString::fromStdString(session_.dir().folder()));
-  statusPanels_[3]->setText(QString::fromStdString(panels.balanceTotal));
-  statusPanels_[4]->setText(QString::fromStdString(panels.available));
+  statusPanels_[0]->setText(qs(panels.balanceToday));
+  statusPanels_[1]->setText(qs(session_.currentAccountCode()));
+  statusPanels_[2]->setText(qs(session_.dir().folder()));
+  statusPanels_[3]->setText(qs(panels.balanceTotal));
+  statusPanels_[4]->setText(qs(panels.available));
   panel_->showAccount();
 }
 
 void MainWindow::chooseAccount(const QString& item) {
-  const auto index = findAccountByItem(session_.tables().accounts, item.toStdString());
+  const auto index = findAccountByItem(session_.tables().accounts, ss(item));
   if (!index) {
     return;
   }
@@ -250,9 +247,16 @@ void MainWindow::closeMovementWindow() {
   }
 }
 
-void MainWindow::closeAccount() {
+void MainWindow::closeAccountView() {
   closeMovementWindow();
   session_.closeAccount();
+  showBalances();
+}
+
+void MainWindow::closeAccountAndChoice() {
+  closeMovementWindow();
+  closeWorkingAccount(session_);
+  panel_->selector()->setCurrentIndex(-1);
   showBalances();
 }
 
@@ -263,13 +267,13 @@ void MainWindow::exitWithConfirmation() {
 }
 
 void MainWindow::changeFolder() {
-  closeAccount();
+  closeAccountView();
   const QString folder = chooseFolder(this, kFolderBrowserTitle);
   if (folder.isEmpty()) {
     return;
   }
   QApplication::setOverrideCursor(Qt::WaitCursor);
-  session_.changeFolder(folder.toStdString());
+  changeDataFolder(session_, ss(folder));
   panel_->fillAllAccounts();
   showBalances();
   QApplication::restoreOverrideCursor();
@@ -286,7 +290,7 @@ void MainWindow::openCausali() {
 void MainWindow::openAccounts() {
   // The working account is closed first; the account chosen in the selector still cannot be
   // deleted until "Chiudi".
-  closeAccount();
+  closeAccountView();
   showAccountsWindow(this, session_, [this] {
     panel_->fillAllAccounts();
     showBalances();

@@ -42,8 +42,6 @@ class MainWindow : public QMainWindow {
 
   // Choosing an item of the account selector.
   void chooseAccount(const QString& item);
-  // "Chiudi".
-  void closeAccount();
   // "Esci": the exit question; closes the frame on OK.
   void exitWithConfirmation();
   // Refreshes the account panel and the status panels from the working account.
@@ -59,6 +57,11 @@ class MainWindow : public QMainWindow {
   // A menu entry or tool button with its control name; without a handler it is disabled.
   QAction* addEntry(QWidget* menuOrBar, const char* control, const char* caption,
                     std::function<void()> handler);
+  // Closes the account view and the working account (the account chosen in the selector stays
+  // chosen, as before the accounts window).
+  void closeAccountView();
+  // "Chiudi": the same, and the selector forgets the chosen account.
+  void closeAccountAndChoice();
   void changeFolder();
   void openCausali();
   void openAccounts();

@@ -22,17 +22,6 @@
 namespace contavia::ui {
 namespace {
 
-QString qs(const std::string& text) { return QString::fromStdString(text); }
-
-const FieldDefinition& definitionOf(const MasterScreen& screen, const char* name) {
-  for (const FieldDefinition& definition : screen.fields()) {
-    if (std::string_view(definition.name) == name) {
-      return definition;
-    }
-  }
-  throw std::out_of_range(std::string("no field ") + name);
-}
-
 }  // namespace
 
 MasterWindow::MasterWindow(Session& session, std::unique_ptr<MasterScreen> screen,
@@ -43,7 +32,7 @@ MasterWindow::MasterWindow(Session& session, std::unique_ptr<MasterScreen> scree
   setModal(true);
   auto* layout = new QVBoxLayout(this);
   buildList(look);
-  auto* heading = named(new QLabel(look.listHeading), "Intestazione");
+  auto* heading = named(new QLabel(qs(screen_->heading())), "Intestazione");
   heading->setFont(fixedPitchFont());
   heading->setIndent(list_->frameWidth() + 2);
   layout->addWidget(heading);
@@ -52,9 +41,9 @@ MasterWindow::MasterWindow(Session& session, std::unique_ptr<MasterScreen> scree
   auto* form = new QGridLayout;
   form->setColumnStretch(1, 1);
   int row = 0;
-  for (const FieldLook& field : look.fields) {
+  for (const FieldDefinition& field : screen_->fields()) {
     QWidget* control = buildField(field);
-    auto* label = named(new QLabel(field.label), QString("Etichetta") + field.name);
+    auto* label = named(new QLabel(QString::fromUtf8(field.label)), QString("Etichetta") + field.name);
     label->setBuddy(control);
     form->addWidget(label, row, 0);
     form->addWidget(control, row, 1, Qt::AlignLeft);
@@ -82,7 +71,8 @@ void MasterWindow::buildList(const WindowLook& look) {
   list_ = named(new QListWidget, look.listName);
   list_->setFont(fixedPitchFont());
   const QFontMetrics metrics(list_->font());
-  list_->setMinimumWidth(metrics.horizontalAdvance(QString(look.listColumns + 1, QChar('M'))) +
+  const auto columns = static_cast<qsizetype>(screen_->rowWidth());
+  list_->setMinimumWidth(metrics.horizontalAdvance(QString(columns + 1, QChar('M'))) +
                          2 * list_->frameWidth() + list_->verticalScrollBar()->sizeHint().width());
   list_->setMinimumHeight(metrics.lineSpacing() * 20);
   // A click on a new row moves the current row first: that choice is enough. A click on the row
@@ -98,13 +88,13 @@ void MasterWindow::buildList(const WindowLook& look) {
   });
 }
 
-QWidget* MasterWindow::buildField(const FieldLook& field) {
+QWidget* MasterWindow::buildField(const FieldDefinition& field) {
   switch (field.kind) {
-    case FieldLook::SignOptions:
+    case FieldDefinition::SignOptions:
       return buildSignOptions(field);
-    case FieldLook::Choice:
+    case FieldDefinition::Choice:
       return buildChoice(field);
-    case FieldLook::Text:
+    case FieldDefinition::Text:
       break;
   }
   return buildTextField(field);
@@ -112,8 +102,8 @@ QWidget* MasterWindow::buildField(const FieldLook& field) {
 
 // Every key goes through the screen: digits-only fields refuse other keys (and Enter) with the
 // beep, Enter moves on when the screen lets it, and each edit is typed into the screen's field.
-QWidget* MasterWindow::buildTextField(const FieldLook& field) {
-  const FieldDefinition* definition = &definitionOf(*screen_, field.name);
+QWidget* MasterWindow::buildTextField(const FieldDefinition& field) {
+  const FieldDefinition* definition = &field;
   auto* edit = named(new QLineEdit, field.name);
   edit->setMaxLength(static_cast<int>(definition->width));
   const int characters = static_cast<int>(std::min<std::size_t>(definition->width, 45)) + 2;
@@ -145,7 +135,7 @@ QWidget* MasterWindow::buildTextField(const FieldLook& field) {
   return edit;
 }
 
-QWidget* MasterWindow::buildSignOptions(const FieldLook& field) {
+QWidget* MasterWindow::buildSignOptions(const FieldDefinition& field) {
   auto* box = new QWidget;
   auto* row = new QHBoxLayout(box);
   row->setContentsMargins(0, 0, 0, 0);
@@ -165,7 +155,7 @@ QWidget* MasterWindow::buildSignOptions(const FieldLook& field) {
   return box;
 }
 
-QWidget* MasterWindow::buildChoice(const FieldLook& field) {
+QWidget* MasterWindow::buildChoice(const FieldDefinition& field) {
   choice_ = named(new QComboBox, field.name);
   choice_->setFont(fixedPitchFont());
   choice_->setSizeAdjustPolicy(QComboBox::AdjustToContents);

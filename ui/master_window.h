@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "masterdata/master_screen.h"
@@ -23,21 +24,12 @@ class Session;
 
 namespace contavia::ui {
 
-struct FieldLook {
-  enum Kind { Text, SignOptions, Choice };
-  const char* name;   // the screen's field, and the control name
-  const char* label;  // the caption beside it
-  Kind kind = Text;
-};
-
+// What the screen does not say: the window's control names and caption.
 struct WindowLook {
-  const char* formName;     // "Form6"
-  const char* caption;      // the window title
-  const char* listName;     // "ElencoCausali"
-  const char* listHeading;  // column captions over the list, aligned with its rows
-  int listColumns;          // characters of a row
-  const char* clearName;    // "pulisci" or "clr"
-  std::vector<FieldLook> fields;
+  const char* formName;   // "Form6"
+  const char* caption;    // the window title
+  const char* listName;   // "ElencoCausali"
+  const char* clearName;  // "pulisci" or "clr"
 };
 
 class MasterWindow : public QDialog {
@@ -52,10 +44,10 @@ class MasterWindow : public QDialog {
 
  private:
   void buildList(const WindowLook& look);
-  QWidget* buildField(const FieldLook& field);
-  QWidget* buildTextField(const FieldLook& field);
-  QWidget* buildSignOptions(const FieldLook& field);
-  QWidget* buildChoice(const FieldLook& field);
+  QWidget* buildField(const FieldDefinition& field);
+  QWidget* buildTextField(const FieldDefinition& field);
+  QWidget* buildSignOptions(const FieldDefinition& field);
+  QWidget* buildChoice(const FieldDefinition& field);
   QPushButton* buildButton(const char* name, const QString& caption, void (MasterWindow::*act)());
 
   void fillList();

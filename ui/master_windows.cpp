@@ -8,52 +8,10 @@
 namespace contavia::ui {
 namespace {
 
-// The list headings line up with the rows: a causale row is the code (5), a blank, the
-// description (25), a blank and the sign; a group or category row the code (5), " - " and the
-// description; an account row the code (10), a blank and the name (45).
-
-const WindowLook kCausali{"Form6",
-                          "Gestione Causali",
-                          "ElencoCausali",
-                          "Cod.  Descrizione               D/A",
-                          33,
-                          "pulisci",
-                          {{"CodCausale", "Codice"},
-                           {"DescCausale", "Descrizione"},
-                           {"DarAver", "Segno", FieldLook::SignOptions}}};
-
-const WindowLook kGroups{"Form4",
-                         "Gestione gruppi",
-                         "ElencoMovimenti",
-                         "Cod.    Descrizione",
-                         33,
-                         "pulisci",
-                         {{"CodGruppi", "Codice"}, {"DescGruppi", "Descrizione"}}};
-
-const WindowLook kCategories{"Form1",
-                             "Gestione Categorie",
-                             "ElencoMovimenti",
-                             "Cod.    Descrizione",
-                             33,
-                             "pulisci",
-                             {{"CodCausale", "Codice"},
-                              {"DescCausale", "Descrizione"},
-                              {"Combo1", "Gruppo", FieldLook::Choice}}};
-
-const WindowLook kAccounts{"Form2",
-                           "Gestione Conto",
-                           "listaconti",
-                           "Codice     Nome",
-                           56,
-                           "clr",
-                           {{"CodConto", "Nr. conto"},
-                            {"NomeConto", "Nome"},
-                            {"IndBanca", "Indirizzo"},
-                            {"CapBanca", "CAP"},
-                            {"LocBanca", "Località"},
-                            {"ProvBanca", "Provincia"},
-                            {"Fido", "Fido"},
-                            {"Combo1", "Categoria", FieldLook::Choice}}};
+const WindowLook kCausali{"Form6", "Gestione Causali", "ElencoCausali", "pulisci"};
+const WindowLook kGroups{"Form4", "Gestione gruppi", "ElencoMovimenti", "pulisci"};
+const WindowLook kCategories{"Form1", "Gestione Categorie", "ElencoMovimenti", "pulisci"};
+const WindowLook kAccounts{"Form2", "Gestione Conto", "listaconti", "clr"};
 
 template <class Screen>
 std::unique_ptr<MasterWindow> make(QWidget* parent, Session& session, const WindowLook& look,

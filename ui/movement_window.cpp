@@ -23,9 +23,6 @@
 namespace contavia::ui {
 namespace {
 
-QString qs(const std::string& text) { return QString::fromStdString(text); }
-std::string ss(const QString& text) { return text.toStdString(); }
-
 constexpr const char* kDateFormat = "dd/MM/yyyy";
 
 QDate toQDate(const std::string& text) {
@@ -43,13 +40,6 @@ QDateEdit* dateBox(const QString& name) {
   box->setCalendarPopup(true);
   box->setMinimumDate(QDate(1900, 1, 1));
   return box;
-}
-
-// The column heading of the list, aligned on its lines.
-QString listHeading() {
-  const std::string heading = padRight("Data", 11) + padRight("N.O.", 4) + padLeft("Dare", 14) +
-                              padLeft("Avere", 13) + " Causale            Doc.-Descrizione";
-  return qs(heading);
 }
 
 std::optional<int> runPickerDialog(const std::vector<Causale>& causali, QWidget* parent) {
@@ -101,7 +91,7 @@ void MovementWindow::build() {
   filterRow->addWidget(causaleFilter_, 1);
   filterRow->addWidget(filterButton);
 
-  auto* heading = named(new QLabel(listHeading()), "Intestazione");
+  auto* heading = named(new QLabel(qs(movementListHeading())), "Intestazione");
   heading->setFont(fixedPitchFont(9));
   model_ = new QStringListModel(this);
   list_ = named(new QListView, "ElencoMovim");

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QObject>
 #include <functional>
+#include <string>
 
 #include "common/key_rules.h"
 
@@ -18,6 +19,10 @@ class Prompter;
 }
 
 namespace contavia::ui {
+
+// Text between the core (UTF-8) and Qt.
+inline QString qs(const std::string& text) { return QString::fromStdString(text); }
+inline std::string ss(const QString& text) { return text.toStdString(); }
 
 // Gives a widget its control name (objectName) and the same accessible name.
 template <class W>

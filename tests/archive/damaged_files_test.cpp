@@ -50,7 +50,7 @@ TEST_F(DamagedFilesTest, AccountTable) {
        "massimo 1000. Vengono letti 0 record."},
       {1001, 2, 2,
        "Archivio danneggiato: il file RecConti.CON indica 1001 record, ma ne sono ammessi al "
-       "massimo 1000. Vengono letti i primi 1000."},
+       "massimo 1000. Vengono letti i primi 2."},
       {32767, 1000, 1000,
        "Archivio danneggiato: il file RecConti.CON indica 32767 record, ma ne sono ammessi al "
        "massimo 1000. Vengono letti i primi 1000."},
@@ -93,10 +93,10 @@ TEST_F(DamagedFilesTest, MovementFile) {
   const std::vector<DamageCase> cases = {
       {-3, 2, 0,
        "Archivio danneggiato: il file CC1.MOR indica -3 movimenti, ma ne sono ammessi al massimo "
-       "10000."},
+       "10000. Vengono letti 0 movimenti."},
       {20000, 2, 2,
        "Archivio danneggiato: il file CC1.MOR indica 20000 movimenti, ma ne sono ammessi al "
-       "massimo 10000."},
+       "massimo 10000. Vengono letti i primi 2."},
       {5, 2, 2,
        "Archivio danneggiato: il file CC1.MOC contiene 2 movimenti dei 5 indicati nel file "
        "CC1.MOR. Vengono letti solo quelli presenti."},

@@ -153,12 +153,12 @@ class AppendFaultTest : public test::ArchiveTest {
         const std::string what =
             "write " + std::to_string(write) + ", " + std::to_string(partial) + " bytes written";
         files.failWrite(write, diskerr::kDiskFull, false, partial);
-        EXPECT_EQ(account.appendMovement(movement), diskerr::kDiskFull) << what;
+        EXPECT_EQ(account.appendMovement(movement).error, diskerr::kDiskFull) << what;
         expectNothingChanged(what);
       }
     }
     files.heal();
-    EXPECT_EQ(account.appendMovement(movement), diskerr::kOk);
+    EXPECT_EQ(account.appendMovement(movement).error, diskerr::kOk);
     EXPECT_EQ(folder.read("CC1.MOR"), test::le16(3));
   }
 
@@ -191,69 +191,22 @@ TEST_F(AppendFaultTest, AFullAccountTakesNoMoreMovements) {
   full.load();
   EXPECT_EQ(full.count(), 10000U);
   before = test::snapshot(folder);
-  EXPECT_EQ(full.appendMovement(movement), OpenAccount::kCapacityReached);
+  EXPECT_EQ(full.appendMovement(movement).error, OpenAccount::kCapacityReached);
   EXPECT_EQ(full.count(), 10000U);
   EXPECT_EQ(test::snapshot(folder), before);
 }
 
 TEST_F(AppendFaultTest, ReadOnlyFile) {
   files.failPath("records.rer", diskerr::kPermissionDenied);
-  EXPECT_EQ(account.appendMovement(movement), diskerr::kPermissionDenied);
+  EXPECT_EQ(account.appendMovement(movement).error, diskerr::kPermissionDenied);
   expectNothingChanged("records.rer refused");
 }
 
 TEST_F(AppendFaultTest, VanishedFolder) {
   std::filesystem::remove_all(folder.path());
-  EXPECT_EQ(account.appendMovement(movement), diskerr::kPathNotFound);
+  EXPECT_EQ(account.appendMovement(movement).error, diskerr::kPathNotFound);
   EXPECT_EQ(account.count(), 2U);
   EXPECT_FALSE(std::filesystem::exists(folder.path()));
-}
-
-class ChangeFolderTest : public test::ArchiveTest {
- protected:
-  void SetUp() override {
-    test::writeTable(folder, "CONTI.CON", "RecConti.CON",
-                     {test::accountRecord({.number = 1, .code = "CC1"})});
-  }
-};
-
-TEST_F(ChangeFolderTest, ToAVanishedFolderKeepsThePreviousOne) {
-  Session session = startedSession();
-  session.openAccount(0);
-  const std::string gone = folder.file("sparita/");
-  EXPECT_FALSE(session.changeFolder(gone));
-  EXPECT_EQ(prompter.texts(),
-            (std::vector<std::string>{"Il percorso non esiste", "Errore irrecuperabile"}));
-  EXPECT_EQ(prompter.messages[0].buttons, Buttons::Ok);
-  EXPECT_EQ(session.dir().folder(), folder.path());
-  EXPECT_EQ(session.tables().accounts.size(), 1U);
-  EXPECT_EQ(session.account(), nullptr);  // the open account was closed first
-  EXPECT_FALSE(std::filesystem::exists(gone));
-}
-
-TEST_F(ChangeFolderTest, ToAnotherArchiveReloadsTheAccounts) {
-  Session session = startedSession();
-  const std::string other = folder.file("altro");
-  std::filesystem::create_directory(other);
-  test::writeTable(folder, "altro/Conti.con", "altro/RECCONTI.CON",
-                   {test::accountRecord({.number = 1, .code = "X1"}),
-                    test::accountRecord({.number = 2, .code = "X2"})});
-  EXPECT_TRUE(session.changeFolder(other));
-  EXPECT_TRUE(prompter.messages.empty());
-  EXPECT_EQ(session.dir().folder(), other + "/");
-  ASSERT_EQ(session.tables().accounts.size(), 2U);
-  EXPECT_EQ(trim(session.tables().accounts[1].accountCode), "X2");
-}
-
-TEST_F(ChangeFolderTest, ADeviceErrorCanBeRetriedOrGivenUp) {
-  Session session = startedSession();
-  files.failPath("RecConti", diskerr::kDeviceIo);
-  prompter.answer({Answer::Retry, Answer::Retry, Answer::Cancel});
-  EXPECT_FALSE(session.changeFolder(folder.path()));
-  EXPECT_EQ(prompter.texts(),
-            (std::vector<std::string>{"Errore di I/O di periferica", "Errore di I/O di periferica",
-                                      "Errore di I/O di periferica", "Errore irrecuperabile"}));
-  EXPECT_EQ(session.tables().accounts.size(), 1U);
 }
 
 }  // namespace

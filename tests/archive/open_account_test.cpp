@@ -43,7 +43,7 @@ TEST_F(OpenAccountTest, AccountWithoutFilesOpensAtZeroAndCreatesThemEmpty) {
     EXPECT_TRUE(folder.read(name).empty()) << name;
   }
   EXPECT_EQ(folder.read("CC1.TOC"), test::totalsRecord(0, 0, "", ""));
-  EXPECT_EQ(account.latestDate(), "");
+  EXPECT_EQ(account.dateSpan().latest, "");
 }
 
 TEST_F(OpenAccountTest, RecomputeCountsCreditsUpAndFutureMovementsOnlyInTheTotal) {
@@ -70,7 +70,7 @@ TEST_F(OpenAccountTest, RecomputeCountsCreditsUpAndFutureMovementsOnlyInTheTotal
   const Bytes toc = folder.read("CC1.TOC");
   EXPECT_EQ(Bytes(toc.begin() + 16, toc.end()),
             test::cat({test::text("01/01/2026", 10), test::text("31/12/2026", 10)}));
-  EXPECT_EQ(account.latestDate(), "05/01/2027");
+  EXPECT_EQ(account.dateSpan().latest, "05/01/2027");
 }
 
 TEST_F(OpenAccountTest, IncrementalUpdateLetsCreditsLowerTheBalances) {
@@ -96,7 +96,7 @@ TEST_F(OpenAccountTest, IncrementalUpdateLetsCreditsLowerTheBalances) {
   m.operationDate = "21/11/2026";
   m.amount = 10.40;
   m.sign = "A";
-  ASSERT_EQ(account.appendMovement(m), diskerr::kOk);
+  ASSERT_TRUE(account.appendMovement(m).ok());
   account.recompute();
   EXPECT_EQ(account.balanceToday(), 10);
   EXPECT_EQ(account.balanceTotal(), 10);
@@ -141,7 +141,7 @@ TEST_F(OpenAccountTest, AppendedAndRewrittenMovementsAreWrittenWithTheirNumbers)
   m.description = "Prelievo Società";
   m.sign = "D";
   m.closedFlag = "N";
-  ASSERT_EQ(account.appendMovement(m), diskerr::kOk);
+  ASSERT_TRUE(account.appendMovement(m).ok());
   const Bytes second = test::movementRecord({.number = 2,
                                              .date = "02/01/2026",
                                              .causale = "PREL",
@@ -154,7 +154,8 @@ TEST_F(OpenAccountTest, AppendedAndRewrittenMovementsAreWrittenWithTheirNumbers)
   EXPECT_EQ(folder.read("records.rer"), test::le16(42));
 
   m.amount = 30;
-  ASSERT_EQ(account.rewriteMovement(1, m), diskerr::kOk);
+  m.movementNumber = 1;
+  ASSERT_TRUE(account.rewriteMovements({m}).ok());
   EXPECT_EQ(account.movement(1).movementNumber, 1);
   EXPECT_EQ(folder.read("CC1.MOR"), test::le16(2));
   account.recompute();

@@ -24,7 +24,7 @@
 #include "archive/file_layer.h"
 #include "archive/records.h"
 #include "archive/session.h"
-#include "archive/tables.h"
+#include "archive/write_journal.h"
 #include "ledger/movement_entry.h"
 #include "tests/support/scripted_prompter.h"
 #include "tests/support/temp_folder.h"
@@ -63,16 +63,12 @@ void writeArchive(const std::string& folder, const std::vector<Account>& account
                   const std::vector<Causale>& causali) {
   OsFileLayer files;
   DataDirectory dir(files, folder);
-  for (std::size_t i = 0; i < accounts.size(); ++i) {
-    Account a = accounts[i];
-    a.recordNumber = static_cast<std::int16_t>(i + 1);
-    appendRecord(dir, kAccountTable, i + 1, a);
-  }
-  for (std::size_t i = 0; i < causali.size(); ++i) {
-    Causale c = causali[i];
-    c.recordNumber = static_cast<std::int16_t>(i + 1);
-    appendRecord(dir, kCausaleTable, i + 1, c);
-  }
+  WriteJournal journal(files);
+  journal.records(dir.path("CONTI.CON"), 1, accounts);
+  journal.count(dir.path("RecConti.CON"), static_cast<std::int16_t>(accounts.size()));
+  journal.records(dir.path("Causali.CAP"), 1, causali);
+  journal.count(dir.path("RecCausa.CAP"), static_cast<std::int16_t>(causali.size()));
+  journal.finish();
 }
 
 QStringList lines(const ui::MainWindow& frame) {
