@@ -80,15 +80,6 @@ namespace {
 struct RestartProcedure {};
 }  // namespace
 
-std::string diskErrorMessage(int errorNumber) {
-  RoutineEntry entry;
-  return lookup(errorNumber, entry) ? entry.message : std::string();
-}
-
-std::string unknownDiskErrorText(int errorNumber) {
-  return "si è verificato l'errore " + std::to_string(errorNumber);
-}
-
 int diskErrorRoutine(Prompter& prompter, int errorNumber) {
   RoutineEntry entry;
   if (!lookup(errorNumber, entry)) {

@@ -18,11 +18,6 @@ inline constexpr int kVerdictIgnore = 1;
 inline constexpr int kVerdictGiveUp = 2;
 inline constexpr int kVerdictUnknown = 3;
 
-// The message of an error number, or empty for a number the routine does not know.
-std::string diskErrorMessage(int errorNumber);
-// The text prepared (and not shown) for a number the routine does not know.
-std::string unknownDiskErrorText(int errorNumber);
-
 // Shows the message of `errorNumber` and returns the verdict (0 retry, 1 ignore, 2 give up,
 // 3 not a known disk error: nothing shown).
 int diskErrorRoutine(Prompter& prompter, int errorNumber);

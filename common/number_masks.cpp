@@ -247,38 +247,4 @@ std::optional<std::int32_t> roundHalfEven(double value) {
   return static_cast<std::int32_t>(r);
 }
 
-std::optional<std::int16_t> roundHalfEven16(double value) {
-  const auto wide = roundHalfEven(value);
-  if (!wide || *wide < std::numeric_limits<std::int16_t>::min() ||
-      *wide > std::numeric_limits<std::int16_t>::max()) {
-    return std::nullopt;
-  }
-  return static_cast<std::int16_t>(*wide);
-}
-
-double vbInt(double value) { return std::floor(value); }
-
-double vbFix(double value) {
-  const double t = std::trunc(value);
-  return t == 0.0 ? 0.0 : t;  // no negative zero
-}
-
-std::string italianText(double value) {
-  if (!std::isfinite(value)) {
-    return "0";
-  }
-  if (value == 0.0) {
-    value = 0.0;  // no negative zero
-  }
-  char buf[64];
-  const auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::general, 15);
-  std::string out(buf, static_cast<std::size_t>(res.ptr - buf));
-  for (char& c : out) {
-    if (c == '.') {
-      c = ',';
-    }
-  }
-  return out;
-}
-
 }  // namespace contavia

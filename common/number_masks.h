@@ -27,14 +27,5 @@ std::optional<double> italianToDouble(std::string_view text);
 // CLng / CInt: to the nearest whole number, halves to the even neighbour; nullopt on overflow
 // of the 32-bit range or for a non-finite value.
 std::optional<std::int32_t> roundHalfEven(double value);
-std::optional<std::int16_t> roundHalfEven16(double value);
-
-// Int (towards minus infinity) and Fix (towards zero).
-double vbInt(double value);
-double vbFix(double value);
-
-// A number as Italian text, as CStr shows it: up to 15 significant digits, "," for decimals,
-// no grouping ("1234,5", "-3", "0,004").
-std::string italianText(double value);
 
 }  // namespace contavia

@@ -145,15 +145,6 @@ std::string padRight(std::string_view text, std::size_t width) {
   return out;
 }
 
-std::string padRightNoCut(std::string_view text, std::size_t width) {
-  std::string out(text);
-  const std::size_t n = charCount(out);
-  if (n < width) {
-    out.append(width - n, ' ');
-  }
-  return out;
-}
-
 std::string padLeft(std::string_view text, std::size_t width) {
   const std::size_t n = charCount(text);
   std::string out;

@@ -23,8 +23,6 @@ std::string midChars(std::string_view text, std::size_t start, std::size_t count
 std::string padRight(std::string_view text, std::size_t width);
 // Blanks on the left up to `width` characters; a longer text is left as it is.
 std::string padLeft(std::string_view text, std::size_t width);
-// Blanks on the right up to `width`; a longer text is left as it is.
-std::string padRightNoCut(std::string_view text, std::size_t width);
 
 std::string trimRight(std::string_view text);
 std::string trimLeft(std::string_view text);

@@ -57,12 +57,6 @@ void MasterScreen::put(std::string_view name, std::string text) {
   values_[indexOf(name)] = std::move(text);
 }
 
-void MasterScreen::empty(std::initializer_list<const char*> names) {
-  for (const char* name : names) {
-    put(name, {});
-  }
-}
-
 void MasterScreen::clear() {
   for (std::size_t i = 0; i < specs_.size(); ++i) {
     if (!specs_[i].keptOnClear) {

@@ -86,7 +86,6 @@ class MasterScreen {
   void select(std::size_t number) { selected_ = number; }
   // Puts a text into a field as the program does (no key rule, no lock).
   void put(std::string_view name, std::string text);
-  void empty(std::initializer_list<const char*> names);
 
  private:
   std::size_t indexOf(std::string_view name) const;

@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <map>
+#include <set>
 #include <sstream>
 
 #include "common/dates.h"
@@ -67,6 +69,27 @@ std::string formatted(const std::string& mask, const std::string& argument) {
   return formatNumber(number(argument), mask);
 }
 
+// A number as the oracle writes it, as CStr shows it: up to 15 significant digits, "," for
+// decimals, no grouping ("1234,5", "-3", "0,004").
+std::string italianText(double value) {
+  if (!std::isfinite(value)) {
+    return "0";
+  }
+  if (value == 0.0) {
+    value = 0.0;  // no negative zero
+  }
+  char buf[64];
+  const auto res = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::general, 15);
+  std::string out(buf, static_cast<std::size_t>(res.ptr - buf));
+  for (char& c : out) {
+    if (c == '.') {
+      c = ',';
+    }
+  }
+  return out;
+}
+
+
 template <class T>
 std::string orNothing(const std::optional<T>& value) {
   return value ? italianText(static_cast<double>(*value)) : "(nessun valore)";
@@ -74,18 +97,17 @@ std::string orNothing(const std::optional<T>& value) {
 
 using Conversion = std::function<std::string(const std::string& argument)>;
 
-// The conversions besides Format, each giving its result as the oracle writes it.
+// The conversions besides Format that the system uses, each giving its result as the oracle
+// writes it. The oracle also holds CInt, Int and Fix, which nothing in the system calls.
 const std::map<std::string, Conversion>& conversions() {
   static const std::map<std::string, Conversion> all = {
       {"Val", [](const std::string& a) { return italianText(val(unquoted(a))); }},
       {"CDbl", [](const std::string& a) { return orNothing(italianToDouble(unquoted(a))); }},
-      {"CInt", [](const std::string& a) { return orNothing(roundHalfEven16(number(a))); }},
       {"CLng", [](const std::string& a) { return orNothing(roundHalfEven(number(a))); }},
-      {"Int", [](const std::string& a) { return italianText(vbInt(number(a))); }},
-      {"Fix", [](const std::string& a) { return italianText(vbFix(number(a))); }},
   };
   return all;
 }
+const std::set<std::string> kUnused = {"CInt", "Int", "Fix"};
 
 std::string resultOf(const std::string& function, const std::string& argument) {
   if (function.starts_with("Format ")) {
@@ -110,10 +132,13 @@ TEST(FormatOracle, EveryRow) {
     }
     const std::vector<std::string> c = columns(line);
     ASSERT_GE(c.size(), 3U) << line;
+    if (kUnused.contains(c[0])) {
+      continue;
+    }
     EXPECT_EQ(resultOf(c[0], c[1]), unquoted(c[2])) << line;
     ++rows;
   }
-  EXPECT_GT(rows, 200);
+  EXPECT_GT(rows, 200);  // every Format row and the conversions above
 }
 
 }  // namespace
