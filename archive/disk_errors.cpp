@@ -138,9 +138,10 @@ bool written(Prompter& prompter, const WriteOutcome& outcome) {
   if (outcome.ok()) {
     return true;
   }
-  prompter.show(diskErrorBox("Impossibile scrivere il file " + outcome.failedFile + " (" +
-                             describeDiskError(outcome.error) +
-                             "). L'operazione è stata annullata e i dati non sono stati modificati."));
+  prompter.show(
+      diskErrorBox("Impossibile scrivere il file " + outcome.failedFile + " (" +
+                   describeDiskError(outcome.error) +
+                   "). L'operazione è stata annullata e i dati non sono stati modificati."));
   return false;
 }
 

@@ -11,7 +11,6 @@
 
 namespace contavia {
 
-
 // Verdicts of the routine.
 inline constexpr int kVerdictRetry = 0;
 inline constexpr int kVerdictIgnore = 1;

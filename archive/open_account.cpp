@@ -71,7 +71,7 @@ std::string OpenAccount::readMovements(std::vector<Movement>& out) const {
 }
 
 std::string OpenAccount::load() {
-  const std::string problem = readMovements(movements_);
+  std::string problem = readMovements(movements_);
   FileLayer& files = dir_->files();
   readRecord(files, filePath(filename::kCarryForward), 1, carry_);
   Totals totals;

@@ -10,11 +10,11 @@
 #include <string_view>
 #include <vector>
 
-#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/open_account.h"
-#include "common/prompter.h"
 #include "archive/records.h"
+#include "common/clock.h"
+#include "common/prompter.h"
 
 namespace contavia {
 
@@ -68,11 +68,10 @@ class Session {
   const std::string& chosenAccountCode() const { return chosenCode_; }
   void clearChosenAccount() { chosenCode_.clear(); }
 
- // Shows a description of damage found in the files as an error box, when there is one.
+  // Shows a description of damage found in the files as an error box, when there is one.
   void showProblem(const std::string& problem);
 
  private:
-
   DataDirectory dir_;
   Prompter* prompter_;
   const Clock* clock_;

@@ -20,8 +20,8 @@ CountedRecords readCountedRecords(FileLayer& files, const std::string& countPath
   const std::string damaged = "Archivio danneggiato: il file ";
   if (countDamaged) {
     result.problem = damaged + names.countFile + " indica " + std::to_string(count) + " " +
-                     names.records + ", ma ne sono ammessi al massimo " +
-                     std::to_string(capacity) + ". Vengono letti " +
+                     names.records + ", ma ne sono ammessi al massimo " + std::to_string(capacity) +
+                     ". Vengono letti " +
                      (result.count == 0 ? "0 " + std::string(names.records)
                                         : "i primi " + std::to_string(result.count)) +
                      ".";

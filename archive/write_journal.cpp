@@ -39,7 +39,7 @@ int WriteJournal::writeRemembering(const std::string& path, std::uint64_t offset
 }
 
 WriteOutcome WriteJournal::finish() {
-  const WriteOutcome outcome = outcome_;
+  WriteOutcome outcome = outcome_;
   if (failed()) {
     rollback();
   }

@@ -3,11 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include "common/clock.h"
 #include "archive/file_layer.h"
-#include "common/prompter.h"
 #include "archive/session.h"
 #include "bench/generator/archive_generator.h"
+#include "common/clock.h"
+#include "common/prompter.h"
 #include "ledger/movement_entry.h"
 #include "ledger/movement_list.h"
 

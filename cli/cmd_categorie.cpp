@@ -13,11 +13,11 @@ int categoriaSalva(Context& c) {
   if (args.positionalCount() > 2) {
     group = args.positional(2, "GRUPPO");
   }
-  return saveCommand<CategoriesScreen>(c, args.numberOption("n"),
-                                       {{CategoriesScreen::kCode, args.positional(0, "CODICE")},
-                                        {CategoriesScreen::kDescription,
-                                         args.positional(1, "DESCRIZIONE")},
-                                        {CategoriesScreen::kGroup, group}});
+  return saveCommand<CategoriesScreen>(
+      c, args.numberOption("n"),
+      {{CategoriesScreen::kCode, args.positional(0, "CODICE")},
+       {CategoriesScreen::kDescription, args.positional(1, "DESCRIZIONE")},
+       {CategoriesScreen::kGroup, group}});
 }
 
 }  // namespace

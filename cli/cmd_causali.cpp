@@ -13,10 +13,11 @@ int causaleSalva(Context& c) {
   if (sign != "A" && sign != "D") {
     throw UsageError("il segno deve essere A (Avere) o D (Dare): \"" + sign + "\"");
   }
-  return saveCommand<CausaliScreen>(c, args.numberOption("n"),
-                                    {{CausaliScreen::kCode, args.positional(0, "CODICE")},
-                                     {CausaliScreen::kDescription, args.positional(1, "DESCRIZIONE")},
-                                     {CausaliScreen::kSign, sign}});
+  return saveCommand<CausaliScreen>(
+      c, args.numberOption("n"),
+      {{CausaliScreen::kCode, args.positional(0, "CODICE")},
+       {CausaliScreen::kDescription, args.positional(1, "DESCRIZIONE")},
+       {CausaliScreen::kSign, sign}});
 }
 
 }  // namespace

@@ -23,9 +23,9 @@ int esempio(Context& c) {
   SampleSummary summary;
   const WriteOutcome outcome = writeSampleArchive(session, summary);
   if (!outcome.ok()) {
-    session.prompter().show(diskErrorBox("Archivio di esempio incompleto: impossibile scrivere il file " +
-                                         outcome.failedFile + " (" +
-                                         describeDiskError(outcome.error) + ")."));
+    session.prompter().show(
+        diskErrorBox("Archivio di esempio incompleto: impossibile scrivere il file " +
+                     outcome.failedFile + " (" + describeDiskError(outcome.error) + ")."));
     return kExitStopped;
   }
   c.out << "Archivio di esempio creato in " << session.dir().folder() << ": " << summary.groups

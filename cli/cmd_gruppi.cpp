@@ -9,9 +9,10 @@ namespace {
 int gruppoSalva(Context& c) {
   const Arguments args = c.arguments({"n"});
   args.expectAtMost(2);
-  return saveCommand<GroupsScreen>(c, args.numberOption("n"),
-                                   {{GroupsScreen::kCode, args.positional(0, "CODICE")},
-                                    {GroupsScreen::kDescription, args.positional(1, "DESCRIZIONE")}});
+  return saveCommand<GroupsScreen>(
+      c, args.numberOption("n"),
+      {{GroupsScreen::kCode, args.positional(0, "CODICE")},
+       {GroupsScreen::kDescription, args.positional(1, "DESCRIZIONE")}});
 }
 
 }  // namespace

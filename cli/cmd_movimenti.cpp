@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <ostream>
 
-#include "common/text.h"
 #include "cli/command.h"
 #include "cli/ledger_support.h"
+#include "common/text.h"
 
 namespace contavia::cli {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <ostream>
 
-#include "common/text.h"
 #include "common/key_rules.h"
+#include "common/text.h"
 
 namespace contavia::cli {
 

@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/file_layer.h"
 #include "archive/session.h"
 #include "cli/command.h"
 #include "cli/terminal_prompter.h"
+#include "common/clock.h"
 #include "common/dates.h"
 
 namespace contavia::cli {

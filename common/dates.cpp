@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <limits>
 
+#include "common/number_masks.h"
 #include "common/prompter.h"
 #include "common/text.h"
-#include "common/number_masks.h"
 
 namespace contavia {
 namespace {

@@ -4,12 +4,12 @@
 
 #include "archive/disk_errors.h"
 #include "archive/record_file.h"
-#include "archive/tables.h"
 #include "archive/running_balances.h"
-#include "common/text.h"
+#include "archive/tables.h"
 #include "common/dates.h"
 #include "common/key_rules.h"
 #include "common/number_masks.h"
+#include "common/text.h"
 #include "ledger/causale_index.h"
 
 namespace contavia {

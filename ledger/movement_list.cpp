@@ -9,10 +9,10 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "common/text.h"
-#include "ledger/causale_index.h"
 #include "common/dates.h"
 #include "common/number_masks.h"
+#include "common/text.h"
+#include "ledger/causale_index.h"
 
 namespace contavia {
 namespace {

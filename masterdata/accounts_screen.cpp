@@ -8,20 +8,18 @@
 
 namespace contavia {
 AccountsScreen::AccountsScreen(Session& session)
-    : TableScreen(session,
-                  {{.name = kCode, .label = "Nr. conto", .width = 10},
-                   {.name = kName, .label = "Nome", .width = 45},
-                   {.name = kAddress, .label = "Indirizzo", .width = 45},
-                   {.name = kPostCode, .label = "CAP", .width = 5, .accepts = kDigits},
-                   {.name = kTown, .label = "Località", .width = 25},
-                   {.name = kProvince, .label = "Provincia", .width = 2},
-                   {.name = kCreditLine, .label = "Fido", .width = 15, .accepts = kDigits},
-                   {.name = kCategory,
-                    .label = "Categoria",
-                    .width = 33,
-                    .kind = FieldDefinition::Choice}},
-                  Setup{kAccountTable, kAccountTable, "conti", /*keepsChangedRecord=*/false,
-                        kAccountItemWidth, padRight("Codice", 11) + "Nome"}) {
+    : TableScreen(
+          session,
+          {{.name = kCode, .label = "Nr. conto", .width = 10},
+           {.name = kName, .label = "Nome", .width = 45},
+           {.name = kAddress, .label = "Indirizzo", .width = 45},
+           {.name = kPostCode, .label = "CAP", .width = 5, .accepts = kDigits},
+           {.name = kTown, .label = "Località", .width = 25},
+           {.name = kProvince, .label = "Provincia", .width = 2},
+           {.name = kCreditLine, .label = "Fido", .width = 15, .accepts = kDigits},
+           {.name = kCategory, .label = "Categoria", .width = 33, .kind = FieldDefinition::Choice}},
+          Setup{kAccountTable, kAccountTable, "conti", /*keepsChangedRecord=*/false,
+                kAccountItemWidth, padRight("Codice", 11) + "Nome"}) {
   open();
   categories_ = readTable<Category>(session, kCategoryTable);
 }

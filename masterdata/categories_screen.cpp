@@ -5,22 +5,20 @@
 namespace contavia {
 namespace {
 
-constexpr const char* kCode = CategoriesScreen::kCode;
-constexpr const char* kDescription = CategoriesScreen::kDescription;
-constexpr const char* kGroup = CategoriesScreen::kGroup;
-
-constexpr CodeRules kRules{kCode, kDescription, "Nr. codice già presente",
+constexpr CodeRules kRules{CategoriesScreen::kCode, CategoriesScreen::kDescription,
+                           "Nr. codice già presente",
                            /*beepWhenMissing=*/false, /*emptyCodeWhenMissing=*/false};
 
 }  // namespace
 
 CategoriesScreen::CategoriesScreen(Session& session)
-    : TableScreen(session,
-                  {{.name = kCode, .label = "Codice", .width = 5},
-                   {.name = kDescription, .label = "Descrizione", .width = 25},
-                   {.name = kGroup, .label = "Gruppo", .width = 25, .kind = FieldDefinition::Choice}},
-                  Setup{kCategoryTable, kCategoryTable, "categorie",
-                        /*keepsChangedRecord=*/false, kCodeDashNameWidth, codeDashNameHeading()}) {
+    : TableScreen(
+          session,
+          {{.name = kCode, .label = "Codice", .width = 5},
+           {.name = kDescription, .label = "Descrizione", .width = 25},
+           {.name = kGroup, .label = "Gruppo", .width = 25, .kind = FieldDefinition::Choice}},
+          Setup{kCategoryTable, kCategoryTable, "categorie",
+                /*keepsChangedRecord=*/false, kCodeDashNameWidth, codeDashNameHeading()}) {
   open();
   groups_ = readTable<Group>(session, kGroupTable);
 }

@@ -6,14 +6,11 @@
 namespace contavia {
 namespace {
 
-constexpr const char* kCode = CausaliScreen::kCode;
-constexpr const char* kDescription = CausaliScreen::kDescription;
-constexpr const char* kSign = CausaliScreen::kSign;
-
 // A row: the code (5), a blank, the description (25), a blank and the sign.
 constexpr std::size_t kRowWidth = 33;
 
-constexpr CodeRules kRules{kCode, kDescription, "Nr di causale già presente",
+constexpr CodeRules kRules{CausaliScreen::kCode, CausaliScreen::kDescription,
+                           "Nr di causale già presente",
                            /*beepWhenMissing=*/true, /*emptyCodeWhenMissing=*/true};
 
 }  // namespace
@@ -33,7 +30,8 @@ CausaliScreen::CausaliScreen(Session& session)
                   Setup{kCausaleTable,
                         {filename::kCausaliAfterDelete, filename::kCausaliAfterDeleteCount},
                         "causali",
-                        /*keepsChangedRecord=*/true, kRowWidth,
+                        /*keepsChangedRecord=*/true,
+                        kRowWidth,
                         padRight("Cod.", 6) + padRight("Descrizione", 26) + "D/A"}) {
   open();
 }

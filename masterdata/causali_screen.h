@@ -13,7 +13,8 @@ class CausaliScreen final : public TableScreen<Causale> {
  public:
   static constexpr const char* kCode = "CodCausale";
   static constexpr const char* kDescription = "DescCausale";
-  static constexpr const char* kSign = "DarAver";  // "A" (option 0) or "D" (option 1); empty: neither
+  static constexpr const char* kSign =
+      "DarAver";  // "A" (option 0) or "D" (option 1); empty: neither
 
   // Opening: the causali are read from "Causali.CAP" and become the program's causali.
   explicit CausaliScreen(Session& session);

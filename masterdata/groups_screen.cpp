@@ -5,10 +5,8 @@
 namespace contavia {
 namespace {
 
-constexpr const char* kCode = GroupsScreen::kCode;
-constexpr const char* kDescription = GroupsScreen::kDescription;
-
-constexpr CodeRules kRules{kCode, kDescription, "Nr. codice già presente",
+constexpr CodeRules kRules{GroupsScreen::kCode, GroupsScreen::kDescription,
+                           "Nr. codice già presente",
                            /*beepWhenMissing=*/true, /*emptyCodeWhenMissing=*/false};
 
 }  // namespace

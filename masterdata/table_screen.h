@@ -13,12 +13,12 @@
 #include <string_view>
 #include <vector>
 
-#include "common/prompter.h"
-#include "archive/record_codec.h"
 #include "archive/disk_errors.h"
+#include "archive/record_codec.h"
 #include "archive/session.h"
 #include "archive/tables.h"
 #include "archive/write_journal.h"
+#include "common/prompter.h"
 #include "masterdata/master_screen.h"
 
 namespace contavia {

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# clang-tidy on the core sources (archive, ledger, masterdata, printing, backup).
+# clang-tidy on the core sources (common, archive, ledger, masterdata, frame).
 set -euo pipefail
 build=${1:-build}
-files=$(git ls-files 'archive/*.cpp' 'ledger/*.cpp' 'masterdata/*.cpp' 'printing/*.cpp' 'backup/*.cpp')
+files=$(git ls-files 'common/*.cpp' 'archive/*.cpp' 'ledger/*.cpp' 'masterdata/*.cpp' 'frame/*.cpp')
 [ -z "$files" ] && exit 0
 # shellcheck disable=SC2086
 clang-tidy -p "$build" --quiet --warnings-as-errors='*' --extra-arg=-Wno-unknown-warning-option $files

@@ -17,8 +17,8 @@
 #include <string>
 #include <vector>
 
-#include "common/prompter.h"
 #include "archive/records.h"
+#include "common/prompter.h"
 
 namespace contavia::bench {
 

@@ -87,7 +87,6 @@ TEST_F(DataDirectoryTest, TablesAreReadAndAppendedThroughTheirCountFiles) {
             test::cat({first, second,
                        test::accountRecord({.number = 3, .code = "A3", .name = "Per\xF9"})}));
   EXPECT_EQ(folder.read("RecConti.CON"), test::le16(3));
-
 }
 
 TEST_F(DataDirectoryTest, FolderSeparatorIsNotDoubled) {

@@ -89,7 +89,6 @@ std::string italianText(double value) {
   return out;
 }
 
-
 template <class T>
 std::string orNothing(const std::optional<T>& value) {
   return value ? italianText(static_cast<double>(*value)) : "(nessun valore)";

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/session.h"
+#include "common/clock.h"
 #include "tests/support/archive_bytes.h"
 #include "tests/support/faulty_file_layer.h"
 #include "tests/support/scripted_prompter.h"
