@@ -105,6 +105,9 @@ bool GuardedSteps::step(const std::function<int()>& action) {
     case kVerdictRetry:
       throw RestartProcedure{};
     case kVerdictIgnore:
+      if (journal_ != nullptr) {
+        journal_->goOnAfterFailure();
+      }
       return false;
     default:
       throw ProcedureAbandoned{verdict};
@@ -114,7 +117,7 @@ bool GuardedSteps::step(const std::function<int()>& action) {
 bool runGuarded(Prompter& prompter, WriteJournal* journal,
                 const std::function<void(GuardedSteps&)>& procedure) {
   for (;;) {
-    GuardedSteps steps(prompter);
+    GuardedSteps steps(prompter, journal);
     try {
       procedure(steps);
       return true;

@@ -29,14 +29,17 @@ struct ProcedureAbandoned {
 // The steps of a procedure that runs under the disk-error routine.
 class GuardedSteps {
  public:
-  explicit GuardedSteps(Prompter& prompter) : prompter_(&prompter) {}
+  GuardedSteps(Prompter& prompter, WriteJournal* journal)
+      : prompter_(&prompter), journal_(journal) {}
   // Runs one step (returning a disk-error number). On an error the routine is asked: Retry
-  // starts the whole procedure again, Ignore skips this step (returns false), the others
+  // starts the whole procedure again, Ignore skips this step (returns false) and the journal
+  // goes on writing the later steps, the others
   // abandon the procedure.
   bool step(const std::function<int()>& action);
 
  private:
   Prompter* prompter_;
+  WriteJournal* journal_;
 };
 
 // Runs `procedure` until it completes or is abandoned. Before a restart and after an abandon the

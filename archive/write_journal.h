@@ -53,6 +53,9 @@ class WriteJournal {
   }
 
   bool failed() const { return outcome_.error != diskerr::kOk; }
+  // The failure is left behind and later writes go ahead (a guarded procedure whose failing step
+  // the user chose to skip); every write stays remembered for a rollback.
+  void goOnAfterFailure() { outcome_ = {}; }
   // Ends the operation: after a failure every write is taken back.
   WriteOutcome finish();
   // Puts every file written back as it was, latest write first, and starts afresh.

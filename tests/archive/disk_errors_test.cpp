@@ -95,12 +95,14 @@ TEST_F(GuardedProcedureTest, RetryTakesBackTheWritesAndStartsAgain) {
   EXPECT_EQ(folder.read("B.dat"), (Bytes{3}));
 }
 
-TEST_F(GuardedProcedureTest, IgnoreSkipsTheFailingStep) {
-  prompter.answer({Answer::Ignore});
+TEST_F(GuardedProcedureTest, IgnoreSkipsTheFailingStepAndTheLaterStepsStillWrite) {
+  prompter.answer({Answer::Ignore, Answer::Ignore});
+  files.failWrite(1, diskerr::kDiskFull);  // the first step's write
   EXPECT_TRUE(run({61}));
   EXPECT_EQ(starts, 1);
   EXPECT_FALSE(secondStepDone);
-  EXPECT_EQ(prompter.texts(), std::vector<std::string>{kFullDisk});
+  EXPECT_EQ(prompter.texts(), (std::vector<std::string>{kFullDisk, kFullDisk}));
+  EXPECT_EQ(folder.read("A.dat"), (Bytes{1, 1, 1}));
   EXPECT_EQ(folder.read("B.dat"), (Bytes{3}));
 }
 

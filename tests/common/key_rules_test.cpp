@@ -40,14 +40,6 @@ TEST(KeyFilters, AmountField) {
     EXPECT_EQ(filterAmountKey(c.field, c.key), c.verdict)
         << "\"" << c.field << "\" + " << static_cast<int>(c.key);
   }
-  // Typing 12.5 leaves 12,5 in the field.
-  std::string field;
-  for (char key : std::string("12.5")) {
-    const KeyVerdict v = filterAmountKey(field, key);
-    ASSERT_NE(v.kind, KeyVerdict::Refuse);
-    field.push_back(v.kind == KeyVerdict::Replace ? v.replacement : key);
-  }
-  EXPECT_EQ(field, "12,5");
 }
 
 TEST(KeyFilters, RangeDateAndDigitFields) {

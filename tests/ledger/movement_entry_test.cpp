@@ -102,6 +102,7 @@ TEST_F(EntryTest, SelectionTakesTheMovementOutOfTheBalancesAndAbandonPutsItBack)
 
 TEST_F(EntryTest, SelectedMovementFillsTheRowAndChoosingAnotherPutsTheFirstBack) {
   openWith(test::fiveMovements());
+  EXPECT_FALSE(entry->selectMovement(6));
   ASSERT_TRUE(entry->selectMovement(2));
   EXPECT_EQ(entry->row(), (EntryRow{.number = "2",
                                     .date = "02/11/2026",
@@ -147,14 +148,21 @@ TEST_F(EntryTest, ChangedMovementIsRewrittenInPlaceKeepingItsLink) {
   EXPECT_EQ(entry->row(), (EntryRow{.number = "6", .date = "21/11/2026"}));
 }
 
-TEST_F(EntryTest, DeletionRenumbersAndLeavesTheLastRecordInTheFile) {
+TEST_F(EntryTest, DeletionAsksThenRenumbersAndLeavesTheLastRecordInTheFile) {
   openWith(test::fiveMovements());
   const Bytes fifth = movementBytes(5);
   ASSERT_TRUE(entry->selectMovement(2));  // the debit of 50
-  prompter.answer({Answer::Ok});
+  const auto before = test::snapshot(folder);
+  const EntryRow row = entry->row();
+  prompter.answer({Answer::Cancel, Answer::Ok});
+  EXPECT_FALSE(entry->deleteSelected());
+  EXPECT_EQ(test::snapshot(folder), before);
+  EXPECT_EQ(entry->row(), row);
+  EXPECT_EQ(entry->selectedIndex(), 2U);
   ASSERT_TRUE(entry->deleteSelected());
 
-  ASSERT_EQ(prompter.messages.size(), 1U);
+  ASSERT_EQ(prompter.messages.size(), 2U);
+  EXPECT_EQ(prompter.messages[1], prompter.messages[0]);
   EXPECT_EQ(prompter.messages[0],
             (Message{"AVVERTIMENTO!",
                      "Attenzione il movimento selezionato verrà cancellato, ...Vuoi Continuare?",
@@ -177,18 +185,6 @@ TEST_F(EntryTest, DeletionRenumbersAndLeavesTheLastRecordInTheFile) {
 
   reopen();
   EXPECT_EQ(balances(), (Balances{91, 121}));
-}
-
-TEST_F(EntryTest, CancelledDeletionChangesNothing) {
-  openWith(test::fiveMovements());
-  ASSERT_TRUE(entry->selectMovement(3));
-  const auto before = test::snapshot(folder);
-  const EntryRow row = entry->row();
-  prompter.answer({Answer::Cancel});
-  EXPECT_FALSE(entry->deleteSelected());
-  EXPECT_EQ(test::snapshot(folder), before);
-  EXPECT_EQ(entry->row(), row);
-  EXPECT_EQ(entry->selectedIndex(), 3U);
 }
 
 TEST_F(EntryTest, RefusedSavesShowTheirMessageAndWriteNothing) {

@@ -83,6 +83,18 @@ TEST(MovementListTest, MainBuilderLinesWithCarryForwardDebitsCreditsAndAccents) 
   EXPECT_TRUE(list.hasCarryForwardLine);
 }
 
+TEST(MovementListTest, TheHeadingLinesUpWithTheColumns) {
+  const std::string heading = movementListHeading();
+  const MovementList list =
+      buildMovementList(kMovements, CarryForward{}, kCausali, ListBuilder::Main);
+  const std::string& debit = list.lines[4];   // 01/01/2024 0001, 650,00 in the first column
+  const std::string& credit = list.lines[0];  // 31/12/2024 0002, 1.850,50 in the second
+  EXPECT_EQ(heading.find("N.O."), debit.find("0001"));
+  EXPECT_EQ(heading.find("Dare") + 4, debit.find("650,00") + 6);
+  EXPECT_EQ(heading.find("Avere") + 5, credit.find("1.850,50") + 8);
+  EXPECT_EQ(heading.find("Causale"), credit.find("Stipendio"));
+}
+
 TEST(MovementListTest, EmptyAccountShowsOnlyTheTotalsBlock) {
   const MovementList list = buildMovementList({}, CarryForward{}, {}, ListBuilder::Main);
   const std::vector<std::string> expected = {

@@ -29,7 +29,9 @@ struct TableCase {
   const char* codeField;
   const char* missingCodeText;
   const char* fullText;
-  bool codeKeptOnChange;  // a chosen record keeps its code
+  bool codeKeptOnChange;    // a chosen record keeps its code
+  const char* nameHeading;  // the heading over the name column of the rows, and the name typed
+  const char* namePrefix;
   // Types record k into the screen.
   std::function<void(MasterScreen&, int k)> type;
   // The bytes of record k written as record `number`, with the code of record `codeK`.
@@ -49,7 +51,8 @@ std::function<std::unique_ptr<MasterScreen>(Session&)> opener() {
 const TableCase kCases[] = {
     {"Causali", opener<CausaliScreen>(), "Causali.CAP", "RecCausa.CAP", "causali.con",
      "Reccausali.con", 46, 100, "CodCausale", "Campo codice e descrizione obbligatori",
-     "Archivio pieno: non si possono registrare più di 100 causali.", false,
+     "Archivio pieno: non si possono registrare più di 100 causali.", false, "Descrizione",
+     "Causale ",
      [](MasterScreen& s, int k) {
        s.setField("CodCausale", nth("C", k));
        s.setField("DescCausale", nth("Causale ", k));
@@ -60,7 +63,8 @@ const TableCase kCases[] = {
      }},
     {"Groups", opener<GroupsScreen>(), "Gruppi.con", "RecGruppi.con", "Gruppi.con", "RecGruppi.con",
      34, 100, "CodGruppi", "Campo codice e descrizione obbligatori",
-     "Archivio pieno: non si possono registrare più di 100 gruppi.", false,
+     "Archivio pieno: non si possono registrare più di 100 gruppi.", false, "Descrizione",
+     "Gruppo ",
      [](MasterScreen& s, int k) {
        s.setField("CodGruppi", nth("G", k));
        s.setField("DescGruppi", nth("Gruppo ", k));
@@ -70,7 +74,8 @@ const TableCase kCases[] = {
      }},
     {"Categories", opener<CategoriesScreen>(), "Tipo.con", "RecTipo.con", "Tipo.con", "RecTipo.con",
      58, 200, "CodCausale", "Campo codice e descrizione obbligatori",
-     "Archivio pieno: non si possono registrare più di 200 categorie.", false,
+     "Archivio pieno: non si possono registrare più di 200 categorie.", false, "Descrizione",
+     "Categoria ",
      [](MasterScreen& s, int k) {
        s.setField("CodCausale", nth("T", k));
        s.setField("DescCausale", nth("Categoria ", k));
@@ -80,7 +85,7 @@ const TableCase kCases[] = {
      }},
     {"Accounts", opener<AccountsScreen>(), "CONTI.CON", "RecConti.CON", "CONTI.CON", "RecConti.CON",
      207, 1000, "CodConto", "Nr. di conto obbligatorio",
-     "Archivio pieno: non si possono registrare più di 1000 conti.", true,
+     "Archivio pieno: non si possono registrare più di 1000 conti.", true, "Nome", "Conto ",
      [](MasterScreen& s, int k) {
        s.setField("CodConto", nth("K", k));
        s.setField("NomeConto", nth("Conto ", k));
@@ -138,12 +143,16 @@ TEST_P(ScreenPatternTest, OkWithoutChoiceAppendsTheRecordAndItsCount) {
   }
   EXPECT_EQ(folder.read(c.table), concat({{1, 1}, {2, 2}, {3, 3}}));
   EXPECT_EQ(folder.read(c.countFile), test::le16(3));
-  EXPECT_EQ(screen->rows().size(), 3U);
+  ASSERT_EQ(screen->rows().size(), 3U);
   EXPECT_EQ(screen->field(c.codeField), "");
   EXPECT_TRUE(prompter.messages.empty());
+  // The heading lines up with the rows.
+  const std::string row = screen->rows()[0];
+  EXPECT_EQ(row.size(), screen->rowWidth());
+  EXPECT_EQ(screen->heading().find(c.nameHeading), row.find(nth(c.namePrefix, 1)));
 }
 
-TEST_P(ScreenPatternTest, OkWithAChosenRowRewritesThatRecordOnly) {
+TEST_P(ScreenPatternTest, OkWithAChosenRowRewritesThatRecordOnlyAndPulisciForgetsTheChoice) {
   writeRecords(3);
   Session session = startedSession();
   auto screen = c.open(session);
@@ -154,20 +163,14 @@ TEST_P(ScreenPatternTest, OkWithAChosenRowRewritesThatRecordOnly) {
   const Bytes changed = c.bytes(2, 7, c.codeKeptOnChange ? 2 : 7);
   EXPECT_EQ(folder.read(c.table), test::cat({c.bytes(1, 1, 1), changed, c.bytes(3, 3, 3)}));
   EXPECT_EQ(folder.read(c.countFile), test::le16(3));
-}
 
-TEST_P(ScreenPatternTest, PulisciForgetsTheChoiceSoOkAdds) {
-  writeRecords(2);
-  Session session = startedSession();
-  auto screen = c.open(session);
   screen->chooseRow(0);
   screen->clear();
   EXPECT_EQ(screen->selected(), 0U);
   EXPECT_EQ(screen->field(c.codeField), "");
-  c.type(*screen, 3);
+  c.type(*screen, 4);
   ASSERT_TRUE(screen->save());
-  EXPECT_EQ(folder.read(c.table), concat({{1, 1}, {2, 2}, {3, 3}}));
-  EXPECT_EQ(folder.read(c.countFile), test::le16(3));
+  EXPECT_EQ(folder.read(c.countFile), test::le16(4));
 }
 
 TEST_P(ScreenPatternTest, MissingCodeStopsWithItsMessageAndWritesNothing) {
@@ -183,11 +186,13 @@ TEST_P(ScreenPatternTest, MissingCodeStopsWithItsMessageAndWritesNothing) {
   EXPECT_EQ(test::snapshot(folder), before);
 }
 
-TEST_P(ScreenPatternTest, DeleteCancelledChangesNothing) {
+TEST_P(ScreenPatternTest, DeleteWithoutAChosenRowOrCancelledChangesNothing) {
   writeRecords(2);
   Session session = startedSession();
   auto screen = c.open(session);
   const auto before = test::snapshot(folder);
+  EXPECT_FALSE(screen->remove());
+  EXPECT_TRUE(prompter.messages.empty());
   screen->chooseRow(0);
   prompter.answer({Answer::Cancel});
   EXPECT_FALSE(screen->remove());
@@ -220,16 +225,6 @@ TEST_P(ScreenPatternTest, DeleteRenumbersTheKeptRecordsAndLeavesTheTailInTheFile
   EXPECT_FALSE(screen->canRemove());
 }
 
-TEST_P(ScreenPatternTest, DeleteWithoutAChosenRowDoesNothing) {
-  writeRecords(2);
-  Session session = startedSession();
-  auto screen = c.open(session);
-  const auto before = test::snapshot(folder);
-  EXPECT_FALSE(screen->remove());
-  EXPECT_TRUE(prompter.messages.empty());
-  EXPECT_EQ(test::snapshot(folder), before);
-}
-
 TEST_P(ScreenPatternTest, AFullTableTakesNoMoreButItsRecordsCanStillChange) {
   writeRecords(static_cast<int>(c.capacity));
   Session session = startedSession();
@@ -250,33 +245,30 @@ TEST_P(ScreenPatternTest, AFullTableTakesNoMoreButItsRecordsCanStillChange) {
             c.bytes(last, 9999, c.codeKeptOnChange ? last : 9999));
 }
 
-TEST_P(ScreenPatternTest, AFailedAddLeavesTableAndCountAsTheyWere) {
-  writeRecords(2);
-  Session session = startedSession();
-  auto screen = c.open(session);
-  const auto before = test::snapshot(folder);
-  c.type(*screen, 3);
-  files.failWrite(2, diskerr::kDiskFull);  // the count, after the record went
-  EXPECT_FALSE(screen->save());
-  EXPECT_EQ(test::snapshot(folder), before);
-  ASSERT_EQ(prompter.messages.size(), 1U);
-  EXPECT_EQ(prompter.messages[0].title, "Errore Disco");
-  EXPECT_NE(prompter.messages[0].text.find(c.countFile), std::string::npos);
-  EXPECT_EQ(screen->rows().size(), 2U);
-}
-
-TEST_P(ScreenPatternTest, AFailedDeleteLeavesEveryFileAndTheList) {
+TEST_P(ScreenPatternTest, AFailedAddOrDeleteLeavesEveryFileAndTheList) {
   writeRecords(3);
   Session session = startedSession();
   auto screen = c.open(session);
   const auto before = test::snapshot(folder);
-  screen->chooseRow(1);
-  prompter.answer({Answer::Ok});
-  files.failWrite(2, diskerr::kDiskFull);  // the count, after the records went
-  EXPECT_FALSE(screen->remove());
-  EXPECT_EQ(test::snapshot(folder), before);
-  EXPECT_EQ(prompter.messages.back().title, "Errore Disco");
-  EXPECT_EQ(screen->rows().size(), 3U);
+  for (const bool adding : {true, false}) {
+    SCOPED_TRACE(adding ? "add" : "delete");
+    prompter.clear();
+    if (adding) {
+      c.type(*screen, 4);
+    } else {
+      screen->chooseRow(1);
+      prompter.answer({Answer::Ok});
+    }
+    files.failWrite(2, diskerr::kDiskFull);  // the count, after the records went
+    EXPECT_FALSE(adding ? screen->save() : screen->remove());
+    files.heal();
+    EXPECT_EQ(test::snapshot(folder), before);
+    ASSERT_FALSE(prompter.messages.empty());
+    EXPECT_EQ(prompter.messages.back().title, "Errore Disco");
+    EXPECT_NE(prompter.messages.back().text.find(adding ? c.countFile : c.countAfterDelete),
+              std::string::npos);
+    EXPECT_EQ(screen->rows().size(), 3U);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(AllTables, ScreenPatternTest, ::testing::ValuesIn(kCases),
