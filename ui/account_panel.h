@@ -25,8 +25,6 @@ class AccountPanel : public QFrame {
   QComboBox* selector() const { return combo_; }
   // Refills the selector with every account (as at start-up) and clears the highlight.
   void fillAllAccounts();
-  // A click on index label `label` (0..23).
-  void chooseLetter(int label);
   // Shows the working account's data and figures, or clears them when none is open.
   void showAccount();
   void showToday();
@@ -39,6 +37,8 @@ class AccountPanel : public QFrame {
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
+  // A click on index label `label` (0..23).
+  void chooseLetter(int label);
   void setItems(const QStringList& items);
   void highlight(int label);
   void beep();

@@ -5,10 +5,10 @@
 #include <cstdlib>
 #include <string>
 
-#include "common/clock.h"
 #include "archive/data_directory.h"
 #include "archive/file_layer.h"
 #include "archive/session.h"
+#include "common/clock.h"
 #include "ui/main_window.h"
 #include "ui/message_box_prompter.h"
 

@@ -14,8 +14,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 
-#include "frame/frame_commands.h"
 #include "archive/session.h"
+#include "frame/frame_commands.h"
 #include "frame/two_digit_years.h"
 #include "ledger/clear_movements.h"
 #include "masterdata/account_item.h"

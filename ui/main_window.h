@@ -40,17 +40,17 @@ class MainWindow : public QMainWindow {
   std::function<QString(QWidget* parent, const QString& title)> chooseFolder;
   std::function<void(QWidget* parent)> printerSetup;
 
-  // Choosing an item of the account selector.
-  void chooseAccount(const QString& item);
   // "Esci": the exit question; closes the frame on OK.
   void exitWithConfirmation();
-  // Refreshes the account panel and the status panels from the working account.
-  void showBalances();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  // Choosing an item of the account selector.
+  void chooseAccount(const QString& item);
+  // Refreshes the account panel and the status panels from the working account.
+  void showBalances();
   void buildMenus();
   void buildToolBar();
   void buildStatusBar();

@@ -20,9 +20,6 @@
 #include "ui/widget_helpers.h"
 
 namespace contavia::ui {
-namespace {
-
-}  // namespace
 
 MasterWindow::MasterWindow(Session& session, std::unique_ptr<MasterScreen> screen,
                            const WindowLook& look, std::function<void()> changed, QWidget* parent)
@@ -43,7 +40,8 @@ MasterWindow::MasterWindow(Session& session, std::unique_ptr<MasterScreen> scree
   int row = 0;
   for (const FieldDefinition& field : screen_->fields()) {
     QWidget* control = buildField(field);
-    auto* label = named(new QLabel(QString::fromUtf8(field.label)), QString("Etichetta") + field.name);
+    auto* label =
+        named(new QLabel(QString::fromUtf8(field.label)), QString("Etichetta") + field.name);
     label->setBuddy(control);
     form->addWidget(label, row, 0);
     form->addWidget(control, row, 1, Qt::AlignLeft);

@@ -13,9 +13,9 @@
 #include <QVBoxLayout>
 
 #include "archive/session.h"
-#include "common/text.h"
 #include "common/dates.h"
 #include "common/key_rules.h"
+#include "common/text.h"
 #include "ledger/movement_entry.h"
 #include "ui/causale_picker.h"
 #include "ui/widget_helpers.h"
@@ -53,10 +53,7 @@ std::optional<int> runPickerDialog(const std::vector<Causale>& causali, QWidget*
 }  // namespace
 
 MovementWindow::MovementWindow(Session& session, QWidget* parent)
-    : QWidget(parent),
-      session_(session),
-      entry_(std::make_unique<MovementEntry>(session)),
-      runPicker_(runPickerDialog) {
+    : QWidget(parent), session_(session), entry_(std::make_unique<MovementEntry>(session)) {
   named(this, "Form9");
   setWindowTitle("Immissione / Modifica Movimenti");
   build();
@@ -100,6 +97,7 @@ void MovementWindow::build() {
   list_->setUniformItemSizes(true);
   list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   list_->setMinimumHeight(220);
+  heading->setIndent(list_->frameWidth() + 2);  // over the text of the rows
   connect(list_, &QListView::clicked, this,
           [this](const QModelIndex& i) { onLinePicked(i.row()); });
   connect(list_, &QListView::activated, this,
@@ -282,7 +280,7 @@ void MovementWindow::lookupCausale() {
 }
 
 void MovementWindow::onPickCausale() {
-  const auto row = runPicker_(session_.tables().causali, this);
+  const auto row = runPickerDialog(session_.tables().causali, this);
   if (!row) {
     return;
   }

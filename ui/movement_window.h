@@ -3,9 +3,7 @@
 // filter, and the entry row. The window only binds widgets to MovementEntry.
 
 #include <QWidget>
-#include <functional>
 #include <memory>
-#include <optional>
 
 class QComboBox;
 class QDateEdit;
@@ -18,7 +16,6 @@ class QStringListModel;
 namespace contavia {
 class MovementEntry;
 class Session;
-struct Causale;
 }  // namespace contavia
 
 namespace contavia::ui {
@@ -29,13 +26,8 @@ class MovementWindow : public QWidget {
   explicit MovementWindow(Session& session, QWidget* parent = nullptr);
   ~MovementWindow() override;
 
-  MovementEntry& entry() { return *entry_; }
   // Rebuilds the list after a change made elsewhere (a menu command of the main window).
   void refresh();
-  // Chooses a causale as the picker would; tests and the picker both come here. The picker
-  // itself can be replaced (tests answer it without a dialog).
-  using PickerRunner = std::function<std::optional<int>(const std::vector<Causale>&, QWidget*)>;
-  void setPickerRunner(PickerRunner runner) { runPicker_ = std::move(runner); }
 
  signals:
   // The balances or the movements changed: the main window refreshes its panels.
@@ -57,7 +49,6 @@ class MovementWindow : public QWidget {
 
   Session& session_;
   std::unique_ptr<MovementEntry> entry_;
-  PickerRunner runPicker_;
   bool filling_ = false;
 
   QStringListModel* model_ = nullptr;

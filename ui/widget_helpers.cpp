@@ -1,6 +1,7 @@
 #include "ui/widget_helpers.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -11,10 +12,14 @@
 namespace contavia::ui {
 namespace {
 
-// Moves the focus on as a Tab key would (the program sends a Tab for Enter).
+// Moves the focus on as a Tab key would (the program sends a Tab for Enter). A date box takes a
+// Tab to its next part, so there the Tab goes to the widget that holds it.
 void moveFocusOn(QWidget* widget) {
+  QWidget* to = qobject_cast<QAbstractSpinBox*>(widget) != nullptr && widget->parentWidget()
+                    ? widget->parentWidget()
+                    : widget;
   QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-  QCoreApplication::sendEvent(widget, &tab);
+  QCoreApplication::sendEvent(to, &tab);
 }
 
 bool isEnter(const QKeyEvent* key) {

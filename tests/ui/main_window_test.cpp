@@ -1,92 +1,65 @@
-// The main frame and the movement window, driven by control name, offscreen.
+// The main frame, its account panel and the movement window, used as a user uses them: the
+// account chosen in the popup of `Combo1`, menus opened and entries clicked, list rows clicked at
+// their place, fields typed; after each command the test reads what the user reads (the account
+// panel, the status bar, the movement list).
 
 #include "ui/main_window.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QRegularExpression>
-#include <QStringListModel>
-#include <QTest>
-#include <QTimer>
+#include <QToolBar>
 
-#include "common/clock.h"
 #include "archive/file_layer.h"
-#include "archive/records.h"
 #include "archive/session.h"
-#include "archive/write_journal.h"
-#include "ledger/movement_entry.h"
+#include "common/clock.h"
+#include "tests/support/archive_bytes.h"
 #include "tests/support/scripted_prompter.h"
 #include "tests/support/temp_folder.h"
+#include "tests/ui/user_actions.h"
 #include "ui/account_panel.h"
-#include "ui/causale_picker.h"
 #include "ui/movement_window.h"
 
 using namespace contavia;
-using contavia::test::ScriptedPrompter;
-using contavia::test::TempFolder;
+using namespace contavia::test;
 
 namespace {
 
-Account account(const std::string& code, const std::string& name, const std::string& credit = "") {
-  Account a;
-  a.accountCode = code;
-  a.accountName = name;
-  a.creditLine = credit;
-  a.categoryName = "Banche";
-  a.groupName = "Liquidità";
-  return a;
+Bytes account(int number, const char* code, const char* name) {
+  return accountRecord({number, code, "", name});
 }
 
-Causale causale(const std::string& code, const std::string& description, const std::string& sign) {
-  Causale c;
-  c.causaleCode = code;
-  c.causaleDescription = description;
-  c.sign = sign;
-  c.causaleFlag = "N";
-  return c;
-}
+// A bank account with a credit line and movements (the last one dated after today) and a post
+// office account without movements.
+const std::vector<Bytes> kAccounts = {
+    accountRecord({1, "100", "Banche", "Banca Societ\xE0", "Via Roma 1", "20100", "Milano", "MI",
+                   "500", "Liquidit\xE0"}),
+    accountRecord({2, "200", "Posta", "Posta"})};
 
-// An archive written through the table functions: the windows are under test here, the bytes
-// are checked by the core's own tests.
-void writeArchive(const std::string& folder, const std::vector<Account>& accounts,
-                  const std::vector<Causale>& causali) {
-  OsFileLayer files;
-  DataDirectory dir(files, folder);
-  WriteJournal journal(files);
-  journal.records(dir.path("CONTI.CON"), 1, accounts);
-  journal.count(dir.path("RecConti.CON"), static_cast<std::int16_t>(accounts.size()));
-  journal.records(dir.path("Causali.CAP"), 1, causali);
-  journal.count(dir.path("RecCausa.CAP"), static_cast<std::int16_t>(causali.size()));
-  journal.finish();
-}
-
-QStringList lines(const ui::MainWindow& frame) {
-  auto* list = frame.movementWindow()->findChild<QListView*>("ElencoMovim");
-  return static_cast<QStringListModel*>(list->model())->stringList();
-}
-
-QString panelText(const ui::MainWindow& frame, int n) {
-  return frame.findChild<QLabel*>(QString("Pannello(%1)").arg(n))->text();
-}
-
-template <class W>
-W* child(const QWidget* parent, const char* name) {
-  W* w = parent->findChild<W*>(name);
-  if (w == nullptr) {
-    qFatal("control %s not found", name);
+QAction* actionNamed(const QWidget* w, const QString& text) {
+  for (QAction* a : w->actions()) {
+    if (a->text() == text) {
+      return a;
+    }
   }
-  return w;
+  qFatal("no entry %s", qPrintable(text));
+}
+
+// The entries as the user sees them: "[...]" is greyed out, "-" a separator.
+QStringList seen(const QList<QAction*>& actions) {
+  QStringList out;
+  for (QAction* a : actions) {
+    if (a->isVisible()) {
+      const QString text = a->isSeparator() ? "-" : a->text();
+      out << (a->isEnabled() ? text : "[" + text + "]");
+    }
+  }
+  return out;
 }
 
 }  // namespace
@@ -103,10 +76,18 @@ class MainWindowTest : public QObject {
     std::unique_ptr<Session> session;
     std::unique_ptr<ui::MainWindow> frame;
 
-    explicit Fixture(const std::vector<Account>& accounts = {},
-                     const std::vector<Causale>& causali = {}) {
-      writeArchive(temp.path(), accounts, causali);
-      session = std::make_unique<Session>(files, prompter, clock, temp.path());
+    // The archive in the temporary folder, or `sub` in it (not there yet).
+    explicit Fixture(const std::vector<Bytes>& accounts = kAccounts, const std::string& sub = "") {
+      writeTable(temp, "CONTI.CON", "RecConti.CON", accounts);
+      writeTable(
+          temp, "Causali.CAP", "RecCausa.CAP",
+          {causaleRecord(1, "ST", "Stipendio", "A"), causaleRecord(2, "AF", "Affitto", "D")});
+      writeMovements(temp, "100",
+                     {{.date = "01/11/2026", .causale = "ST", .amount = 1000, .sign = "A"},
+                      {.date = "05/11/2026", .causale = "AF", .amount = 300},
+                      {.date = "10/11/2026", .causale = "AF", .amount = 50},
+                      {.date = "01/12/2026", .causale = "AF", .amount = 100}});
+      session = std::make_unique<Session>(files, prompter, clock, temp.path() + sub);
       session->start();
       frame = std::make_unique<ui::MainWindow>(*session);
       frame->show();
@@ -115,406 +96,369 @@ class MainWindowTest : public QObject {
         qFatal("the frame did not become active");
       }
     }
-    ui::MovementWindow& form9() const { return *frame->movementWindow(); }
-    void choose(int item) {
-      auto* combo = child<QComboBox>(frame.get(), "Combo1");
-      combo->setCurrentIndex(item);
-      emit combo->activated(item);
+    QComboBox* selector() const { return child<QComboBox>(frame.get(), "Combo1"); }
+    QWidget* form9() const { return frame->movementWindow(); }
+    void choose(const QString& code) { pick(selector(), code + " "); }
+    // Entry `caption` of menu `title`, opened with a click on the menu bar.
+    void menu(const QString& title, const QString& caption) {
+      QMenuBar* bar = frame->menuBar();
+      QMenu* m = actionNamed(bar, title)->menu();
+      QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(m->menuAction()).center());
+      QTRY_VERIFY(m->isVisible());
+      QAction* entry = actionNamed(m, caption);
+      QVERIFY2(entry->isVisible() && entry->isEnabled(), qPrintable(caption));
+      QTest::mouseClick(m, Qt::LeftButton, {}, m->actionGeometry(entry).center());
     }
+    void tool(const QString& caption) {
+      auto* bar = child<QToolBar>(frame.get(), "ToolBar");
+      click(bar->widgetForAction(actionNamed(bar, caption)));
+    }
+    QStringList texts(const QStringList& labels) const {
+      QStringList out;
+      for (const QString& name : labels) {
+        out << child<QLabel>(frame.get(), name)->text();
+      }
+      return out;
+    }
+    // The account panel: the data of the account, `UltimaData`, then `Saldi(0)`..`Saldi(3)`.
+    QStringList panel() const {
+      return texts({"NomeContoAttivo", "IndirizzoContoAttivo", "LocalitaContoAttivo", "GruppoConto",
+                    "TipoConto", "UltimaData", "Saldi(0)", "Saldi(1)", "Saldi(2)", "Saldi(3)"});
+    }
+    QStringList figures() const { return panel().mid(5); }
+    QStringList status() const {
+      return texts({"Pannello(1)", "Pannello(2)", "Pannello(3)", "Pannello(4)", "Pannello(5)"});
+    }
+    QString folder() const { return QString::fromStdString(temp.path()); }
+    QListView* list() const { return child<QListView>(form9(), "ElencoMovim"); }
+    QStringList lines() const { return rowsOf(list()); }
+    // The date and number of each movement listed.
+    QStringList movements() const {
+      return lines()
+          .filter(QRegularExpression("^\\d\\d/"))
+          .replaceInStrings(QRegularExpression("^(.{15}).*"), "\\1");
+    }
+    QString field(const char* name) const {
+      return child<QWidget>(form9(), name)->property("text").toString();
+    }
+    void press(const char* button) const { click(child<QPushButton>(form9(), button)); }
   };
 
  private slots:
-  void menusCarryTheirCaptionsInOrder() {
+  void menusAndToolsAsTheUserSeesThemAndExit() {
     Fixture f;
-    struct Entry {
-      const char* control;
-      const char* caption;
-      bool enabled;
-    };
-    const std::vector<std::pair<const char*, std::vector<Entry>>> menus = {
-        {"File",
-         {{"parc", "Percorso archivi", true},
-          {"Close", "Chiudi", true},
-          {"PRF", "Preferenze", false},
-          {"ImpStam", "Imposta Stampante", true},
-          {"Causali", "Stampa Archivi", false},
-          {"Stampe", "&Stampa Movimenti", false},
-          {"TM", "Totale Movimenti", false},
-          {"TotConti", "Totale conti", false},
-          {"A", "", true},
-          {"Esci", "Esci", true}}},
-        {"Manut",
-         {{"AnnualeSimulata", "Chiusura periodica", false},
-          {"ra", "Riordina archivio", true},
-          {"riprchiu", "Ripristina chiusura preccedente", false},
-          {"Sicur", "Esegui copie di sicurezza", false},
-          {"RiprCopie", "Ripristina copie", false},
-          {"tt", "", true},
-          {"CancMov", "Cancella movimenti", true}}},
-        {"FN",
-         {{"SV", "Sovrapponi", true},
-          {"Aor", "Affianca orizzontalmente", true},
-          {"AFFVer", "Affianca verticalmente", true},
-          {"rdico", "Disponi icone", true}}},
-    };
-    for (const auto& [menuName, entries] : menus) {
-      auto* menu = child<QMenu>(f.frame.get(), menuName);
-      const QList<QAction*> actions = menu->actions();
-      QCOMPARE(actions.size(), static_cast<qsizetype>(entries.size()));
-      for (std::size_t i = 0; i < entries.size(); ++i) {
-        QAction* a = actions[static_cast<qsizetype>(i)];
-        QCOMPARE(a->objectName(), QString(entries[i].control));
-        QCOMPARE(a->text(), QString::fromUtf8(entries[i].caption));
-        QCOMPARE(a->isEnabled(), entries[i].enabled);
+    // The titles of the menu bar, then each menu as a click on its title opens it.
+    QMenuBar* bar = f.frame->menuBar();
+    QCOMPARE(seen(bar->actions()),
+             (QStringList{"&File", "Archivi", "&Manutenzione", "[Utility]", "Finestra", "[?]"}));
+    const std::vector<QStringList> menus = {
+        {"Percorso archivi", "Chiudi", "[Preferenze]", "Imposta Stampante", "[Stampa Archivi]",
+         "[&Stampa Movimenti]", "[Totale Movimenti]", "[Totale conti]", "-", "Esci"},
+        {"Gestione Causali", "Gestione gruppi", "Gestione Categorie", "&Gestione Conto"},
+        {"[Chiusura periodica]", "Riordina archivio", "[Ripristina chiusura preccedente]",
+         "[Esegui copie di sicurezza]", "[Ripristina copie]", "-", "Cancella movimenti"},
+        {"Sovrapponi", "Affianca orizzontalmente", "Affianca verticalmente", "Disponi icone"}};
+    std::size_t m = 0;
+    for (QAction* title : bar->actions()) {
+      QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(title).center());
+      if (title->isEnabled()) {
+        QTRY_COMPARE(QApplication::activePopupWidget(), title->menu());
+        QCOMPARE(seen(title->menu()->actions()), menus.at(m++));
+        QTest::keyClick(title->menu(), Qt::Key_Escape);
+        QTest::keyClick(bar, Qt::Key_Escape);
       }
+      QVERIFY(QApplication::activePopupWidget() == nullptr);
     }
-    QStringList titles;
-    for (QAction* a : f.frame->menuBar()->actions()) {
-      titles << a->text();
+    QCOMPARE(m, menus.size());
+    // The access keys open their menus.
+    for (const auto& [key, title] : {std::pair{Qt::Key_F, "&File"}, {Qt::Key_M, "&Manutenzione"}}) {
+      QTest::keyClick(f.frame.get(), key, Qt::AltModifier);
+      QTRY_COMPARE(QApplication::activePopupWidget(), actionNamed(bar, title)->menu());
+      QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+      QTest::keyClick(bar, Qt::Key_Escape);
     }
-    QCOMPARE(titles,
-             (QStringList{"&File", "Archivi", "&Manutenzione", "Utility", "Finestra", "?"}));
-    QVERIFY(!f.frame->action("uty")->isEnabled());
-    QCOMPARE(f.frame->action("per")->toolTip(), QString("cambia percorso archivi"));
-    QCOMPARE(f.frame->action("Command3D4")->text(), QString(" Causali "));
-    for (const char* control :
-         {"GestCau", "gr", "GesTipi", "NuovoConto", "Command3D4", "gruppi", "tipi", "Vista"}) {
-      QVERIFY2(f.frame->action(control)->isEnabled(), control);
-    }
-    QCOMPARE(f.frame->action("NuovoConto")->text(), QString("&Gestione Conto"));
-  }
+    auto* tools = child<QToolBar>(f.frame.get(), "ToolBar");
+    QCOMPARE(seen(tools->actions()),
+             (QStringList{" Causali ", "[ Stampe ]", "gruppi", "categorie", "[Totale movimenti]",
+                          "conti", "percorso", "Esci"}));
+    QCOMPARE(actionNamed(tools, "percorso")->toolTip(), QString("cambia percorso archivi"));
 
-  void emptyFolderStartsWithNoAccounts() {
-    TempFolder temp;
-    OsFileLayer files;
-    ScriptedPrompter prompter;
-    FixedClock clock{CalendarDate{21, 11, 2026}};
-    Session session(files, prompter, clock, temp.path() + "dati");
-    session.start();
-    ui::MainWindow frame(session);
-    QVERIFY(temp.exists("dati/RecConti.CON"));
-    auto* combo = child<QComboBox>(&frame, "Combo1");
-    QCOMPARE(combo->count(), 0);
-    frame.panel()->chooseLetter(23);
-    QCOMPARE(combo->count(), 0);
-    QCOMPARE(child<QLabel>(&frame, "DataOdierna")->text(), QString("21/11/2026"));
-    QVERIFY(prompter.messages.empty());
-  }
-
-  void letterIndexFollowsTheFirstLetterOfTheName() {
-    Fixture f({account("1", "Alfa banca"), account("2", "Kappa banca"), account("3", "Yogurt spa"),
-               account("4", "alfa minuscola"), account("5", "Xilofono"),
-               account("1234567890", "Jolly")});
-    auto* combo = child<QComboBox>(f.frame.get(), "Combo1");
-    auto items = [&] {
-      QStringList out;
-      for (int i = 0; i < combo->count(); ++i) {
-        out << combo->itemText(i).left(10).trimmed();
-      }
-      return out;
-    };
-    QCOMPARE(items(), (QStringList{"1", "2", "3", "4", "5", "1234567890"}));
-    QTest::mouseClick(child<QLabel>(f.frame.get(), "Label1(9)"), Qt::LeftButton);  // J
-    QCOMPARE(items(), (QStringList{"2", "1234567890"}));
-    QTest::mouseClick(child<QLabel>(f.frame.get(), "Label1(21)"), Qt::LeftButton);  // W
-    QCOMPARE(items(), (QStringList{"3"}));
-    QTest::mouseClick(child<QLabel>(f.frame.get(), "Label1(0)"), Qt::LeftButton);  // A
-    QCOMPARE(items(), (QStringList{"1"}));
-    auto* a = child<QLabel>(f.frame.get(), "Label1(0)");
-    auto* b = child<QLabel>(f.frame.get(), "Label1(1)");
-    QCOMPARE(a->palette().color(QPalette::Window), QColor(0, 0, 0x80));
-    QCOMPARE(a->palette().color(QPalette::WindowText), QColor(0xFF, 0xFF, 0));
-    QCOMPARE(b->palette().color(QPalette::Window), QColor(0xFF, 0xFF, 0xFF));
-    QTest::mouseClick(child<QLabel>(f.frame.get(), "Label1(23)"), Qt::LeftButton);
-    QCOMPARE(combo->count(), 6);
-    // Items: the code padded to 10, a blank, the name in its 45 characters.
-    QCOMPARE(combo->itemText(0), QString("1          Alfa banca") + QString(35, ' '));
-    QCOMPARE(combo->itemText(5).left(12), QString("1234567890 J"));
-  }
-
-  void clicksOnTheBarePanelAndOnTheFiguresBeep() {
-    Fixture f;
-    QTest::mouseClick(f.frame->panel(), Qt::LeftButton, {}, QPoint(5, 400));
-    QTest::mouseClick(child<QLabel>(f.frame.get(), "Saldi(2)"), Qt::LeftButton);
-    QCOMPARE(f.prompter.beeps, 2);
-    QTest::mouseClick(child<QLabel>(f.frame.get(), "Label7"), Qt::LeftButton);
-    QCOMPARE(f.prompter.beeps, 2);
-  }
-
-  void exitAsksAndCancelKeepsTheFrame() {
-    Fixture f;
+    // "Esci" asks first: Cancel keeps the frame, OK closes it.
     f.prompter.answer({Answer::Cancel});
-    f.frame->action("Esci")->trigger();
+    f.menu("&File", "Esci");
     QVERIFY(f.frame->isVisible());
     QCOMPARE(f.prompter.messages.back(),
              (Message{"AVVERTIMENTO!", "Sei Sicuro di Voler Uscire?", Buttons::OkCancel,
                       Icon::Exclamation, Answer::Cancel}));
     f.prompter.answer({Answer::Ok});
-    f.frame->action("Command3D8")->trigger();
+    f.tool("Esci");
     QVERIFY(!f.frame->isVisible());
   }
 
-  void choosingAnAccountOpensItsMovementWindow() {
-    Fixture f({account("100", "Banca Società", "500")}, {causale("ST", "Stipendio", "A")});
-    f.choose(0);
-    QVERIFY(f.frame->movementWindow() != nullptr);
-    QCOMPARE(f.frame->movementWindow()->windowTitle(), QString("Immissione / Modifica Movimenti"));
-    QCOMPARE(panelText(*f.frame, 1), QString("0,00"));
-    QCOMPARE(panelText(*f.frame, 5), QString("500,00"));
-    QCOMPARE(child<QLabel>(f.frame.get(), "Saldi(2)")->text(), QString("500,00"));
-    QCOMPARE(lines(*f.frame).last(), QString(" Nr. Movimenti: 0"));
-    f.frame->action("Close")->trigger();
-    QVERIFY(f.frame->movementWindow() == nullptr);
-    QCOMPARE(panelText(*f.frame, 1), QString());
-    QVERIFY(f.session->account() == nullptr);
+  void anEmptyFolderShowsAnEmptyPanel() {
+    Fixture f({}, "dati");
+    QVERIFY(f.temp.exists("dati/RecConti.CON"));
+    QCOMPARE(f.selector()->count(), 0);
+    click(child<QLabel>(f.frame.get(), "Label1(23)"));
+    QCOMPARE(f.selector()->count(), 0);
+    QCOMPARE(child<QLabel>(f.frame.get(), "DataOdierna")->text(), QString("21/11/2026"));
+    QVERIFY(f.prompter.messages.empty());
+    // Clicks on the bare panel and on the figures beep, those on the captions do not.
+    QTest::mouseClick(f.frame->panel(), Qt::LeftButton, {}, QPoint(5, 400));
+    click(child<QLabel>(f.frame.get(), "Saldi(2)"));
+    QCOMPARE(f.prompter.beeps, 2);
+    click(child<QLabel>(f.frame.get(), "Label7"));
+    QCOMPARE(f.prompter.beeps, 2);
   }
 
-  void theMovementWindowFillsTheFrameBesideThePanel() {
-    Fixture f({account("100", "Banca")});
-    f.choose(0);
+  void letterIndexFollowsTheFirstLetterOfTheName() {
+    Fixture f({account(1, "1", "Alfa banca"), account(2, "2", "Kappa banca"),
+               account(3, "3", "Yogurt spa"), account(4, "4", "alfa minuscola"),
+               account(5, "5", "Xilofono"), account(6, "1234567890", "Jolly")});
+    auto items = [&] {  // the codes
+      return rowsOf(f.selector()->view()).replaceInStrings(QRegularExpression(" .*"), "");
+    };
+    QCOMPARE(items(), (QStringList{"1", "2", "3", "4", "5", "1234567890"}));
+    for (const auto& [label, shown] : std::vector<std::pair<int, QStringList>>{
+             {9, {"2", "1234567890"}}, {21, {"3"}}, {0, {"1"}}}) {  // J, W, A
+      click(child<QLabel>(f.frame.get(), QString("Label1(%1)").arg(label)));
+      QCOMPARE(items(), shown);
+    }
+    auto* a = child<QLabel>(f.frame.get(), "Label1(0)");
+    auto* b = child<QLabel>(f.frame.get(), "Label1(1)");
+    QCOMPARE(a->palette().color(QPalette::Window), QColor(0, 0, 0x80));
+    QCOMPARE(a->palette().color(QPalette::WindowText), QColor(0xFF, 0xFF, 0));
+    QCOMPARE(b->palette().color(QPalette::Window), QColor(0xFF, 0xFF, 0xFF));
+    click(child<QLabel>(f.frame.get(), "Label1(23)"));
+    // Items: the code padded to 10, a blank, the name in its 45 characters.
+    QCOMPARE(f.selector()->itemText(0), QString("1          Alfa banca") + QString(35, ' '));
+    QCOMPARE(f.selector()->itemText(5).left(12), QString("1234567890 J"));
+    checkFixedPitch(f.selector());
+    checkFixedPitch(f.selector()->view());
+  }
+
+  void choosingAnAccountShowsItsPanelAndMovements() {
+    Fixture f;
+    QCOMPARE(f.status(), (QStringList{"", "", f.folder(), "", ""}));
+    f.choose("100");
+    QCOMPARE(f.form9()->windowTitle(), QString("Immissione / Modifica Movimenti"));
+    QCOMPARE(f.panel(),
+             (QStringList{"100  Banca Società", "Via Roma 1", "20100 Milano (MI)", "Liquidità",
+                          "Banche", "01/12/2026", "650,00", "550,00", "500,00", "1.150,00"}));
+    QCOMPARE(f.status(), (QStringList{"650,00", "100", f.folder(), "550,00", "1.150,00"}));
+    QCOMPARE(f.movements(), (QStringList{"01/12/2026 0004", "10/11/2026 0003", "05/11/2026 0002",
+                                         "01/11/2026 0001"}));
+    QVERIFY(f.lines().at(3).contains("1.000,00 Stipendio"));
+    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 4"));
+    checkFixedPitch(f.list());
+    checkFixedPitch(child<QLabel>(f.form9(), "Intestazione"));
+    checkHeadingOver(child<QLabel>(f.form9(), "Intestazione"), f.list());
+
+    // The window fills the frame beside the panel; minimised it stays an icon, which tiling
+    // leaves alone and "Disponi icone" puts along the bottom edge.
     QMdiArea* area = f.frame->mdiArea();
     QMdiSubWindow* sub = area->subWindowList().front();
     f.frame->resize(1300, 900);
     QCOMPARE(sub->geometry(), QRect(QPoint(0, 0), area->viewport()->size()));
-    // A minimised window stays an icon.
     sub->showMinimized();
     const QSize icon = sub->size();
     f.frame->resize(1000, 700);
     QCOMPARE(sub->size(), icon);
-    f.frame->action("AFFVer")->trigger();  // tiling takes only the windows that are not icons
+    f.menu("Finestra", "Affianca verticalmente");
     QVERIFY(sub->isMinimized());
     QCOMPARE(sub->size(), icon);
-    f.frame->action("rdico")->trigger();  // icons line up along the bottom edge
+    f.menu("Finestra", "Disponi icone");
     QCOMPARE(sub->geometry().bottom(), area->viewport()->height() - 1);
     QCOMPARE(sub->geometry().left(), 0);
+
+    // Another account replaces the first one.
+    f.choose("200");
+    QCOMPARE(area->subWindowList().size(), 1);
+    QCOMPARE(area->subWindowList().front()->geometry(),
+             QRect(QPoint(0, 0), area->viewport()->size()));
+    QCOMPARE(f.panel(),
+             (QStringList{"200  Posta", "", "", "", "Posta", "", ",00", ",00", ",00", ",00"}));
+    QCOMPARE(f.status(), (QStringList{"0,00", "200", f.folder(), "0,00", "0,00"}));
+    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 0"));
+
+    f.menu("&File", "Chiudi");
+    QVERIFY(f.form9() == nullptr);
+    QCOMPARE(f.panel(), QStringList(10, QString()));
+    QCOMPARE(f.status(), (QStringList{"", "", f.folder(), "", ""}));
+    QCOMPARE(f.selector()->currentText(), QString());
   }
 
   void keyboardEntryRecordsAMovement() {
-    Fixture f({account("100", "Banca")},
-              {causale("ST", "Stipendio", "A"), causale("AF", "Affitto", "D")});
-    f.choose(0);
-    QWidget* w = &f.form9();
-    child<QDateEdit>(w, "dataoper")->setDate(QDate(2026, 11, 20));
-    QCOMPARE(child<QLabel>(w, "nroper")->text(), QString("1"));
-    auto* code = child<QLineEdit>(w, "Causale");
-    code->setFocus();
-    QTest::keyClicks(code, "ST");
-    QTest::keyClick(code, Qt::Key_Return);
-    auto* amount = child<QLineEdit>(w, "IMPORTO");
-    QVERIFY(amount->hasFocus());
-    QCOMPARE(child<QLabel>(w, "DescrCausale")->text(), QString("Stipendio"));
-    QCOMPARE(child<QLabel>(w, "D_A")->text(), QString("Avere"));
-    QTest::keyClicks(amount, "1234.5x,");
-    QCOMPARE(amount->text(), QString("1234,5"));
-    QCOMPARE(f.prompter.beeps, 2);
-    QTest::keyClick(amount, Qt::Key_Return);
-    QVERIFY(child<QLineEdit>(w, "NrDoc")->hasFocus());
-    QTest::keyClicks(child<QLineEdit>(w, "NrDoc"), "12345678");  // eight characters move on
-    QVERIFY(child<QLineEdit>(w, "DescMovim")->hasFocus());
-    QTest::keyClicks(child<QLineEdit>(w, "DescMovim"), "Novembre");
-    QTest::keyClick(child<QLineEdit>(w, "DescMovim"), Qt::Key_Return);
-    QVERIFY(child<QPushButton>(w, "ok")->hasFocus());
-    QTest::keyClick(child<QPushButton>(w, "ok"), Qt::Key_Return);
-
-    QCOMPARE(f.session->account()->count(), std::size_t{1});
-    QCOMPARE(f.temp.read("100.MOR"), (contavia::test::Bytes{1, 0}));
-    QVERIFY(lines(*f.frame).first().startsWith("20/11/2026 0001"));
-    QCOMPARE(panelText(*f.frame, 4), QString("1.234,50"));
-    QCOMPARE(child<QLineEdit>(w, "IMPORTO")->text(), QString());
-    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
-    QVERIFY(f.prompter.messages.empty());
-  }
-
-  void thePickerListsTheCausaliAndFillsTheEntryRow() {
-    const std::vector<Causale> causali = {causale("ST", "Stipendio", "A"),
-                                          causale("AF", "Affitto di casa", "D")};
-    ui::CausalePicker picker(causali);
-    picker.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&picker));
-    auto* list = picker.list();
-    QCOMPARE(list->count(), 2);
-    QCOMPARE(list->item(1)->text(), QString("AF    - Affitto di casa") + QString(10, ' '));
-    list->setCurrentRow(1);
-    QTest::mouseClick(child<QPushButton>(&picker, "ok"), Qt::LeftButton);
-    QCOMPARE(picker.chosenRow(), std::optional<int>(1));
-    QCOMPARE(picker.result(), int(QDialog::Accepted));
-
-    Fixture f({account("100", "Banca")}, causali);
-    f.choose(0);
-    QWidget* w = &f.form9();
-    f.form9().setPickerRunner([](const std::vector<Causale>& shown, QWidget*) {
-      return shown.size() == 2 ? std::optional<int>(1) : std::nullopt;
-    });
-    QTest::mouseClick(child<QPushButton>(w, "command3d1"), Qt::LeftButton);
-    QCOMPARE(child<QLineEdit>(w, "Causale")->text(), QString("AF"));
-    QCOMPARE(child<QLabel>(w, "DescrCausale")->text(), QString("Affitto di casa"));
-    QCOMPARE(child<QLabel>(w, "D_A")->text(), QString("Dare"));
-    QVERIFY(child<QLineEdit>(w, "IMPORTO")->hasFocus());
-  }
-
-  void unknownCausaleIsRefusedWhenMovingToTheAmount() {
-    Fixture f({account("100", "Banca")}, {causale("ST", "Stipendio", "A")});
-    f.choose(0);
-    QWidget* w = &f.form9();
-    auto* code = child<QLineEdit>(w, "Causale");
-    code->setFocus();
-    QTest::keyClicks(code, "ZZ");
-    QTest::keyClick(code, Qt::Key_Return);
-    QCOMPARE(f.prompter.texts(), (std::vector<std::string>{"CODICE CAUSALE NON PRESENTE!"}));
+    Fixture f;
+    f.choose("200");
+    QWidget* w = f.form9();
+    typeDate(child<QDateEdit>(w, "dataoper"), "20");  // the day only: Enter leaves the date
+    // Each run of keys, then the control that has the focus and what a field shows.
+    const std::vector<std::tuple<QString, QString, const char*, QString>> steps = {
+        {"\r", "Causale", "nroper", "1"},
+        {"ZZ\r", "Causale", "Causale", "ZZ"},  // an unknown code is refused, and keeps the focus
+        {"\b\bST\r", "IMPORTO", "DescrCausale", "Stipendio"},
+        {"1234.5x,", "IMPORTO", "IMPORTO", "1234,5"},  // "x" and a second comma beep
+        {"\r", "NrDoc", "D_A", "Avere"},
+        {"12345678", "DescMovim", "NrDoc", "12345678"},  // eight characters move on
+        {"Novembre\r", "ok", "DescMovim", "Novembre"},
+        {"\r", "dataoper", "nroper", "2"}};
+    for (const auto& [keys, focus, name, shown] : steps) {
+      QTest::keyClicks(QApplication::focusWidget(), keys);
+      QCOMPARE(QApplication::focusWidget()->objectName(), focus);
+      QCOMPARE(f.field(name), shown);
+    }
+    QCOMPARE(f.prompter.texts(), std::vector<std::string>{"CODICE CAUSALE NON PRESENTE!"});
     QCOMPARE(f.prompter.messages.front().title, std::string("ERRORE"));
-    QVERIFY(code->hasFocus());
+    QCOMPARE(f.prompter.beeps, 2);
+    QCOMPARE(f.temp.read("200.MOR"), (Bytes{1, 0}));
+    QCOMPARE(f.movements(), QStringList{"20/11/2026 0001"});
+    QCOMPARE(f.figures(), (QStringList{"20/11/2026", "1.234,50", "1.234,50", ",00", "1.234,50"}));
+    QCOMPARE(f.status(), (QStringList{"1.234,50", "200", f.folder(), "1.234,50", "1.234,50"}));
+    QCOMPARE(f.field("IMPORTO"), QString());
+    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
+
+    // The causale picker fills the row with the causale clicked.
+    inModal([&] { f.press("command3d1"); },
+            [&](QWidget* picker) {
+              QCOMPARE(picker->objectName(), QString("FORM12"));
+              auto* list = child<QListWidget>(picker, "List1");
+              QCOMPARE(rowsOf(list), (QStringList{"ST    - Stipendio                ",
+                                                  "AF    - Affitto                  "}));
+              checkFixedPitch(list);
+              clickRow(list, 1);
+              click(child<QPushButton>(picker, "ok"));
+            });
+    QCOMPARE(f.field("Causale") + " " + f.field("DescrCausale") + " " + f.field("D_A"),
+             QString("AF Affitto Dare"));
+    QCOMPARE(f.frame->focusWidget(), child<QLineEdit>(w, "IMPORTO"));  // once active again
   }
 
   void selectChangeAbandonAndDeleteKeepTheBalancesInStep() {
-    Fixture f({account("100", "Banca")},
-              {causale("ST", "Stipendio", "A"), causale("AF", "Affitto", "D")});
-    f.choose(0);
-    MovementEntry& entry = f.form9().entry();
-    for (const auto& [date, code, amount] :
-         std::vector<std::tuple<std::string, std::string, std::string>>{
-             {"01/11/2026", "ST", "1000"},
-             {"05/11/2026", "AF", "300"},
-             {"10/11/2026", "AF", "50"}}) {
-      entry.setDate(date);
-      entry.row().causale = code;
-      QVERIFY(entry.lookupCausale());
-      entry.row().amount = amount;
-      QVERIFY(entry.save());
-    }
-    f.form9().refresh();
-    f.frame->showBalances();
-    QCOMPARE(panelText(*f.frame, 4), QString("650,00"));
-    QWidget* w = &f.form9();
-    auto* list = child<QListView>(w, "ElencoMovim");
-    const QStringList shown = lines(*f.frame);
-    const int row = static_cast<int>(shown.indexOf(QRegularExpression("^05/11/2026 0002.*")));
-    QVERIFY(row >= 0);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualRect(list->model()->index(row, 0)).center());
-    QCOMPARE(child<QLabel>(w, "nroper")->text(), QString("2"));
-    QCOMPARE(child<QLineEdit>(w, "IMPORTO")->text(), QString("300,00"));
-    QVERIFY(child<QPushButton>(w, "del")->isEnabled());
-    // Abandon: the balances come back to what they were.
-    QTest::mouseClick(child<QPushButton>(w, "pulisci"), Qt::LeftButton);
-    QCOMPARE(f.session->account()->balanceTotal(), 650);
+    Fixture f;
+    f.choose("100");
+    const QStringList before = f.figures();
+    // Selecting and abandoning leave the panels as they were.
+    clickRow(f.list(), "05/11/2026 0002");
+    QCOMPARE(f.field("nroper") + " " + f.field("IMPORTO"), QString("2 300,00"));
+    QVERIFY(child<QPushButton>(f.form9(), "del")->isEnabled());
+    f.press("pulisci");
+    QCOMPARE(f.field("IMPORTO"), QString());
+    QCOMPARE(f.figures(), before);
     // Change: the amount typed replaces the stored one, the panels follow the recompute.
-    auto pick = [&] {
-      const int at =
-          static_cast<int>(lines(*f.frame).indexOf(QRegularExpression("^05/11/2026 0002.*")));
-      QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                        list->visualRect(list->model()->index(at, 0)).center());
-    };
-    pick();
-    auto* amount = child<QLineEdit>(w, "IMPORTO");
-    amount->clear();
-    QTest::keyClicks(amount, "250");
-    QTest::mouseClick(child<QPushButton>(w, "ok"), Qt::LeftButton);
-    QCOMPARE(panelText(*f.frame, 4), QString("700,00"));
-    QCOMPARE(f.session->account()->movement(2).amount, 250.0);
-    const contavia::test::Bytes stored = f.temp.read("100.MOC");
-    QCOMPARE(stored.size(), std::size_t{3 * 87});
-    QVERIFY(contavia::test::Bytes(stored.begin() + 87 + 17, stored.begin() + 87 + 25) ==
-            contavia::test::f64(250.0));
-    QVERIFY(lines(*f.frame).filter(QRegularExpression("^05/11/2026 0002 +250,00 ")).size() == 1);
-    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
-    // Delete with Cancel changes nothing; with OK the later movement is renumbered.
-    pick();
+    clickRow(f.list(), "05/11/2026 0002");
+    retype(child<QLineEdit>(f.form9(), "IMPORTO"), "250");
+    f.press("ok");
+    QCOMPARE(f.figures(), (QStringList{"01/12/2026", "700,00", "600,00", "500,00", "1.200,00"}));
+    QCOMPARE(f.status(), (QStringList{"700,00", "100", f.folder(), "600,00", "1.200,00"}));
+    const Bytes stored = f.temp.read("100.MOC");
+    QCOMPARE(stored.size(), std::size_t{4 * 87});
+    QVERIFY(Bytes(stored.begin() + 87 + 17, stored.begin() + 87 + 25) == f64(250.0));
+    QCOMPARE(f.lines().filter(QRegularExpression("^05/11/2026 0002 +250,00 ")).size(), 1);
+    QVERIFY(!child<QPushButton>(f.form9(), "del")->isEnabled());
+    // Delete with Cancel changes nothing; with OK the later movements are renumbered and the
+    // panels keep the balances the selection left (the movement taken out by the rule of the
+    // single-movement update).
+    clickRow(f.list(), "05/11/2026 0002");
     f.prompter.answer({Answer::Cancel});
-    QTest::mouseClick(child<QPushButton>(w, "del"), Qt::LeftButton);
-    QCOMPARE(f.session->account()->count(), std::size_t{3});
+    f.press("del");
+    QCOMPARE(f.temp.read("100.MOR"), (Bytes{4, 0}));
     f.prompter.answer({Answer::Ok});
-    QTest::mouseClick(child<QPushButton>(w, "del"), Qt::LeftButton);
-    QCOMPARE(f.session->account()->count(), std::size_t{2});
-    QCOMPARE(f.temp.read("100.MOR"), (contavia::test::Bytes{2, 0}));
-    QVERIFY(lines(*f.frame).first().startsWith("10/11/2026 0002"));
-    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
+    f.press("del");
+    QCOMPARE(f.temp.read("100.MOR"), (Bytes{3, 0}));
+    QCOMPARE(f.movements(), (QStringList{"01/12/2026 0003", "10/11/2026 0002", "01/11/2026 0001"}));
+    QCOMPARE(f.figures(), (QStringList{"01/12/2026", "450,00", "350,00", "500,00", "950,00"}));
+    QCOMPARE(f.status(), (QStringList{"450,00", "100", f.folder(), "350,00", "950,00"}));
+    QVERIFY(!child<QPushButton>(f.form9(), "del")->isEnabled());
   }
 
-  void clearingMovementsAsksTwiceAndKeepsTheAccount() {
-    Fixture f({account("100", "Banca")}, {causale("ST", "Stipendio", "A")});
-    f.choose(0);
-    MovementEntry& entry = f.form9().entry();
-    entry.setDate("01/11/2026");
-    entry.row().causale = "ST";
-    QVERIFY(entry.lookupCausale());
-    entry.row().amount = "10";
-    QVERIFY(entry.save());
+  void theFilterHoldsUntilTheCausaliChange() {
+    Fixture f;
+    f.choose("100");
+    QWidget* w = f.form9();
+    typeDate(child<QDateEdit>(w, "DataInizSel"), "02112026");
+    typeDate(child<QDateEdit>(w, "Datafinesel"), "30112026");
+    f.press("Command3");
+    QCOMPARE(f.movements(), (QStringList{"10/11/2026 0003", "05/11/2026 0002"}));
+    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 2"));
+    pick(child<QComboBox>(w, "Combo1"), "Stipendio");
+    f.press("Command3");
+    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 0"));
+    // A causale renamed in the causali window: the list names it anew, with every movement.
+    inModal([&] { f.tool(" Causali "); },
+            [](QWidget* causali) {
+              clickRow(child<QListWidget>(causali, "ElencoCausali"), 1);
+              retype(child<QLineEdit>(causali, "DescCausale"), "Affitto casa");
+              click(child<QPushButton>(causali, "ok"));
+            });
+    QCOMPARE(f.lines().filter("Affitto casa").size(), 3);
+    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 4"));
+    QVERIFY(rowsOf(child<QComboBox>(w, "Combo1")->view()).contains("Affitto casa"));
+
+    // "Cancella movimenti" asks twice and keeps the account.
     f.prompter.answer({Answer::Ok, Answer::Cancel});
-    f.frame->action("CancMov")->trigger();
-    QCOMPARE(f.session->account()->count(), std::size_t{1});
+    f.menu("&Manutenzione", "Cancella movimenti");
+    QCOMPARE(f.temp.read("100.MOR"), (Bytes{4, 0}));
+    QCOMPARE(f.prompter.messages.size(), std::size_t{2});
     f.prompter.answer({Answer::Ok, Answer::Ok});
-    f.frame->action("CancMov")->trigger();
-    QCOMPARE(f.session->account()->count(), std::size_t{0});
-    QCOMPARE(lines(*f.frame).last(), QString(" Nr. Movimenti: 0"));
+    f.menu("&Manutenzione", "Cancella movimenti");
+    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 0"));
+    QCOMPARE(f.figures(), (QStringList{"", ",00", ",00", "500,00", "500,00"}));
+    QCOMPARE(f.status(), (QStringList{"0,00", "100", f.folder(), "0,00", "500,00"}));
     QVERIFY(f.temp.exists("CONTI.CON"));
   }
 
-  void theAccountsWindowOpensWithTheWorkingAccountClosed() {
-    Fixture f({account("100", "Banca")});
-    f.choose(0);
-    QString shown;
-    bool accountOpen = true;
-    QTimer::singleShot(0, [&] {
-      QWidget* modal = QApplication::activeModalWidget();
-      shown = modal != nullptr ? modal->objectName() : QString();
-      accountOpen = f.session->account() != nullptr;
-      if (modal != nullptr) {
-        modal->close();
-      }
-    });
-    f.frame->action("Vista")->trigger();
-    QCOMPARE(shown, QString("Form2"));
-    QVERIFY(!accountOpen);
-    QVERIFY(f.frame->movementWindow() == nullptr);
-  }
-
   void theChosenAccountCannotBeDeletedUntilChiudi() {
-    Fixture f({account("100", "Banca"), account("200", "Posta")});
-    f.choose(0);
-    // In the accounts window: choose the first row and press "del", answering OK.
-    auto deleteFirstRow = [&] {
-      QTimer::singleShot(0, [&] {
-        QWidget* form = QApplication::activeModalWidget();
-        auto* list = child<QListWidget>(form, "listaconti");
-        list->setCurrentRow(0);
-        f.prompter.answer({Answer::Ok});
-        QTest::mouseClick(child<QPushButton>(form, "del"), Qt::LeftButton);
-        form->close();
-      });
-      f.frame->action("NuovoConto")->trigger();
+    Fixture f;
+    f.choose("100");
+    // The accounts window opens with the working account closed; deleting the chosen account is
+    // refused all the same.
+    const auto deleteFirstRow = [&](QWidget* form) {
+      QCOMPARE(form->objectName(), QString("Form2"));
+      QVERIFY(f.form9() == nullptr);
+      QCOMPARE(f.status(), (QStringList{"", "", f.folder(), "", ""}));
+      QCOMPARE(f.panel().first(), QString());
+      clickRow(child<QListWidget>(form, "listaconti"), 0);
+      f.prompter.answer({Answer::Ok});
+      click(child<QPushButton>(form, "del"));
     };
-    deleteFirstRow();
+    inModal([&] { f.tool("conti"); }, deleteFirstRow);
     QCOMPARE(f.prompter.messages.back(),
              plainBox("attenzione",
                       "Non si può cancellare il conto sul quale si lavora, devi prima chiudere il "
                       "conto"));
-    QCOMPARE(f.session->tables().accounts.size(), std::size_t{2});
+    QCOMPARE(rowsOf(f.selector()->view()).size(), 2);
 
-    f.frame->action("Close")->trigger();
+    f.menu("&File", "Chiudi");
     f.prompter.clear();
-    deleteFirstRow();
-    QCOMPARE(f.session->tables().accounts.size(), std::size_t{1});
-    QCOMPARE(child<QComboBox>(f.frame.get(), "Combo1")->count(), 1);
+    inModal([&] { f.menu("Archivi", "&Gestione Conto"); }, deleteFirstRow);
+    QCOMPARE(f.prompter.messages.size(), std::size_t{1});
+    QCOMPARE(rowsOf(f.selector()->view()).size(), 1);
+    QVERIFY(!f.temp.exists("100.MOC"));
   }
 
   void changingTheFolderReloadsTheAccounts() {
-    Fixture f({account("100", "Banca")});
+    Fixture f;
     TempFolder other;
-    writeArchive(other.path(), {account("200", "Altra"), account("300", "Terza")}, {});
-    f.choose(0);
+    writeTable(
+        other, "CONTI.CON", "RecConti.CON",
+        {account(1, "300", "Altra"), account(2, "400", "Terza"), account(3, "500", "Quinta")});
+    f.choose("100");
     QString title;
     f.frame->chooseFolder = [&](QWidget*, const QString& t) {
       title = t;
       return QString::fromStdString(other.path()).chopped(1);  // without the separator
     };
-    f.frame->action("parc")->trigger();
+    f.menu("&File", "Percorso archivi");
     QCOMPARE(title, QString("archivio di lavoro"));
-    QVERIFY(f.session->account() == nullptr);
-    QCOMPARE(f.session->dir().folder(), other.path());
-    QCOMPARE(child<QComboBox>(f.frame.get(), "Combo1")->count(), 2);
+    QVERIFY(f.form9() == nullptr);
+    const QStringList otherStatus{"", "", QString::fromStdString(other.path()), "", ""};
+    QCOMPARE(f.status(), otherStatus);
+    QCOMPARE(f.panel(), QStringList(10, QString()));
+    QCOMPARE(rowsOf(f.selector()->view()).size(), 3);
     f.frame->chooseFolder = [](QWidget*, const QString&) { return QString(); };
-    f.frame->action("parc")->trigger();
-    QCOMPARE(f.session->dir().folder(), other.path());
+    f.menu("&File", "Percorso archivi");
+    QCOMPARE(f.status(), otherStatus);
   }
 };
 

@@ -1,85 +1,35 @@
-// The four master-data windows driven by their control names, as a user would: add, change, a
-// refused add, a refused delete and a delete, with the files checked after each; the keys of the
-// entry fields; every message answered by the scripted prompter of the session.
+// The four master-data windows used as a user uses them: fields typed, options and buttons
+// clicked, rows clicked at their place, items chosen in the popup of `Combo1`; an add, a change,
+// a refused add, a refused delete and a delete, with the list and the files read after each.
+// Every message is answered by the scripted prompter of the session.
 
 #include "ui/master_windows.h"
 
-#include <QButtonGroup>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QtTest>
 
-#include "common/clock.h"
 #include "archive/file_layer.h"
 #include "archive/session.h"
+#include "common/clock.h"
 #include "tests/support/archive_bytes.h"
 #include "tests/support/scripted_prompter.h"
 #include "tests/support/temp_folder.h"
+#include "tests/ui/user_actions.h"
 
 namespace contavia::ui {
-namespace {
 
-using test::Bytes;
-
-template <class W>
-W* control(QWidget* window, const char* name) {
-  W* w = window->findChild<W*>(name);
-  if (w == nullptr) {
-    qFatal("no control %s", name);
-  }
-  return w;
-}
-
-void type(QWidget* window, const char* name, const QString& text) {
-  auto* edit = control<QLineEdit>(window, name);
-  edit->clear();
-  QTest::keyClicks(edit, text);
-}
-
-void click(QWidget* window, const char* name) { control<QAbstractButton>(window, name)->click(); }
-
-// Types the fields, then presses "ok".
-void okWith(QWidget* window, std::initializer_list<std::pair<const char*, QString>> fields) {
-  for (const auto& [name, text] : fields) {
-    type(window, name, text);
-  }
-  click(window, "ok");
-}
-
-// Picks an item of `Combo1` as a click on it does.
-void pick(QWidget* window, int index) {
-  auto* box = control<QComboBox>(window, "Combo1");
-  box->setCurrentIndex(index);
-  emit box->activated(index);
-}
-
-void choose(QWidget* window, const char* list, int row) {
-  control<QListWidget>(window, list)->setCurrentRow(row);
-}
-
-QStringList rows(QWidget* window, const char* list) {
-  QStringList out;
-  auto* l = control<QListWidget>(window, list);
-  for (int i = 0; i < l->count(); ++i) {
-    out << l->item(i)->text();
-  }
-  return out;
-}
-
-}  // namespace
+using namespace test;
 
 class MasterWindowsTest : public QObject {
   Q_OBJECT
 
  private:
-  std::unique_ptr<test::TempFolder> folder_;
+  std::unique_ptr<TempFolder> folder_;
   OsFileLayer files_;
-  test::ScriptedPrompter prompter_;
+  ScriptedPrompter prompter_;
   FixedClock clock_{CalendarDate{21, 11, 2026}};
   std::unique_ptr<Session> session_;
+  std::unique_ptr<MasterWindow> window_;
 
   void start() {
     session_ = std::make_unique<Session>(files_, prompter_, clock_, folder_->path());
@@ -87,94 +37,131 @@ class MasterWindowsTest : public QObject {
     prompter_.clear();
   }
 
+  // The window on the screen and active, as its menu entry shows it.
+  QWidget* show(std::unique_ptr<MasterWindow> window) {
+    window_ = std::move(window);
+    window_->show();
+    if (!QTest::qWaitForWindowActive(window_.get())) {
+      qFatal("%s did not become active", qPrintable(window_->objectName()));
+    }
+    return window_.get();
+  }
+  QLineEdit* field(const char* name) const { return child<QLineEdit>(window_.get(), name); }
+  QString text(const char* name) const { return field(name)->text(); }
+  void type(const char* name, const QString& text) const { retype(field(name), text); }
+  void press(const char* name) const { click(child<QAbstractButton>(window_.get(), name)); }
+  // Types the fields, then presses "ok".
+  void okWith(std::initializer_list<std::pair<const char*, QString>> fields) const {
+    for (const auto& [name, text] : fields) {
+      type(name, text);
+    }
+    press("ok");
+  }
+  void pick(const QString& item) const {
+    test::pick(child<QComboBox>(window_.get(), "Combo1"), item);
+  }
+  // The list of the window, and a click on its row `row`.
+  QListWidget* list() const { return window_->findChild<QListWidget*>(); }
+  QStringList rows() const { return rowsOf(list()); }
+  void chooseRow(int row) const { clickRow(list(), row); }
+
  private slots:
   void init() {
-    folder_ = std::make_unique<test::TempFolder>();
+    folder_ = std::make_unique<TempFolder>();
     prompter_.clear();
   }
 
   void cleanup() {
+    window_.reset();
     session_.reset();
     folder_.reset();
   }
 
   void everyControlHasItsNameAndAnAccessibleName() {
     start();
-    const std::vector<std::pair<std::unique_ptr<MasterWindow>, QStringList>> windows = [&] {
-      std::vector<std::pair<std::unique_ptr<MasterWindow>, QStringList>> w;
-      w.emplace_back(makeCausaliWindow(nullptr, *session_),
-                     QStringList{"ElencoCausali", "CodCausale", "DescCausale", "DarAver(0)",
-                                 "DarAver(1)", "ok", "pulisci", "del", "esci"});
-      w.emplace_back(makeGroupsWindow(nullptr, *session_),
-                     QStringList{"ElencoMovimenti", "CodGruppi", "DescGruppi", "ok", "pulisci",
-                                 "del", "esci"});
-      w.emplace_back(makeCategoriesWindow(nullptr, *session_),
-                     QStringList{"ElencoMovimenti", "CodCausale", "DescCausale", "Combo1", "ok",
-                                 "pulisci", "del", "esci"});
-      w.emplace_back(
-          makeAccountsWindow(nullptr, *session_, {}),
-          QStringList{"listaconti", "CodConto", "NomeConto", "IndBanca", "CapBanca", "LocBanca",
-                      "ProvBanca", "Fido", "Combo1", "ok", "clr", "del", "esci"});
-      return w;
-    }();
-    QStringList forms;
-    for (const auto& [window, names] : windows) {
-      forms << window->objectName();
+    std::vector<std::unique_ptr<MasterWindow>> windows;
+    windows.push_back(makeCausaliWindow(nullptr, *session_));
+    windows.push_back(makeGroupsWindow(nullptr, *session_));
+    windows.push_back(makeCategoriesWindow(nullptr, *session_));
+    windows.push_back(makeAccountsWindow(nullptr, *session_, {}));
+    const std::vector<std::pair<QString, QStringList>> controls = {
+        {"Form6",
+         {"ElencoCausali", "CodCausale", "DescCausale", "DarAver(0)", "DarAver(1)", "ok", "pulisci",
+          "del", "esci"}},
+        {"Form4", {"ElencoMovimenti", "CodGruppi", "DescGruppi", "ok", "pulisci", "del", "esci"}},
+        {"Form1",
+         {"ElencoMovimenti", "CodCausale", "DescCausale", "Combo1", "ok", "pulisci", "del",
+          "esci"}},
+        {"Form2",
+         {"listaconti", "CodConto", "NomeConto", "IndBanca", "CapBanca", "LocBanca", "ProvBanca",
+          "Fido", "Combo1", "ok", "clr", "del", "esci"}}};
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+      MasterWindow* window = windows[i].get();
+      QCOMPARE(window->objectName(), controls[i].first);
       QVERIFY(window->isModal());
-      for (const QString& name : names) {
-        auto* w = window->findChild<QWidget*>(name);
-        QVERIFY2(w != nullptr, qPrintable(name));
-        QVERIFY2(!w->accessibleName().isEmpty(), qPrintable(name));
+      for (const QString& name : controls[i].second) {
+        QVERIFY2(!child<QWidget>(window, name)->accessibleName().isEmpty(), qPrintable(name));
       }
-      QVERIFY(!control<QPushButton>(window.get(), "del")->isEnabled());
+      QVERIFY(!child<QPushButton>(window, "del")->isEnabled());
+      // The list, its heading and the choice of a group or category in the fixed-pitch face.
+      checkFixedPitch(child<QWidget>(window, controls[i].second.front()));
+      checkFixedPitch(child<QWidget>(window, "Intestazione"));
+      if (auto* choice = window->findChild<QComboBox*>("Combo1")) {
+        checkFixedPitch(choice);
+      }
     }
-    QCOMPARE(forms, (QStringList{"Form6", "Form4", "Form1", "Form2"}));
   }
 
   void causaliWindow() {
-    test::writeTable(*folder_, "CONTI.CON", "RecConti.CON",
-                     {test::accountRecord({.number = 1, .code = "A"})});
-    test::writeMovements(*folder_, "A", {{.causale = "PRE"}});
+    writeTable(*folder_, "CONTI.CON", "RecConti.CON", {accountRecord({.number = 1, .code = "A"})});
+    writeMovements(*folder_, "A", {{.causale = "PRE"}});
     start();
-    auto w = makeCausaliWindow(nullptr, *session_);
+    QWidget* w = show(makeCausaliWindow(nullptr, *session_));
     QCOMPARE(w->windowTitle(), QString("Gestione Causali"));
+    // The code has the focus; Enter moves on to the description.
+    QCOMPARE(QApplication::focusWidget(), field("CodCausale"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(QApplication::focusWidget(), field("DescCausale"));
+    QVERIFY(prompter_.messages.empty());
 
-    type(w.get(), "CodCausale", "VER");
-    type(w.get(), "DescCausale", "Versamento");
-    click(w.get(), "DarAver(0)");
-    click(w.get(), "ok");
-    type(w.get(), "CodCausale", "PRE");
-    type(w.get(), "DescCausale", "Prelievo");
-    click(w.get(), "DarAver(1)");
-    click(w.get(), "ok");
-    QCOMPARE(folder_->read("Causali.CAP"),
-             test::cat({test::causaleRecord(1, "VER", "Versamento", "A"),
-                        test::causaleRecord(2, "PRE", "Prelievo", "D")}));
-    QCOMPARE(rows(w.get(), "ElencoCausali"), (QStringList{"VER   Versamento                A",
-                                                          "PRE   Prelievo                  D"}));
-    QCOMPARE(control<QLineEdit>(w.get(), "CodCausale")->text(), QString());
+    type("CodCausale", "VER");
+    type("DescCausale", "Versamento");
+    press("DarAver(0)");
+    press("ok");
+    type("CodCausale", "PRE");
+    type("DescCausale", "Prelievo");
+    press("DarAver(1)");
+    press("ok");
+    QCOMPARE(folder_->read("Causali.CAP"), cat({causaleRecord(1, "VER", "Versamento", "A"),
+                                                causaleRecord(2, "PRE", "Prelievo", "D")}));
+    QCOMPARE(rows(), (QStringList{"VER   Versamento                A",
+                                  "PRE   Prelievo                  D"}));
+    checkHeadingOver(child<QWidget>(w, "Intestazione"), list());
+    QCOMPARE(text("CodCausale"), QString());
 
     // Refused add: the code is present.
-    okWith(w.get(), {{"CodCausale", "VER"}, {"DescCausale", "Altro"}});
+    okWith({{"CodCausale", "VER"}, {"DescCausale", "Altro"}});
     QCOMPARE(prompter_.texts(), std::vector<std::string>{"Nr di causale già presente"});
-    QCOMPARE(control<QLineEdit>(w.get(), "DescCausale")->text(), QString());
-    QCOMPARE(folder_->read("RecCausa.CAP"), test::le16(2));
+    QCOMPARE(text("DescCausale"), QString());
+    QCOMPARE(folder_->read("RecCausa.CAP"), le16(2));
 
-    // Change: the row fills the fields and the options.
-    choose(w.get(), "ElencoCausali", 0);
-    QCOMPARE(control<QLineEdit>(w.get(), "DescCausale")->text(), QString("Versamento"));
-    QVERIFY(control<QRadioButton>(w.get(), "DarAver(0)")->isChecked());
-    QVERIFY(control<QPushButton>(w.get(), "del")->isEnabled());
-    okWith(w.get(), {{"DescCausale", "Versamento assegni"}});
-    QCOMPARE(Bytes(folder_->read("Causali.CAP")).size(), 2U * 46);
-    QCOMPARE(folder_->read("Causali.CAP"),
-             test::cat({test::causaleRecord(1, "VER", "Versamento assegni", "A"),
-                        test::causaleRecord(2, "PRE", "Prelievo", "D")}));
+    // Change: the row fills the fields and the options, which stay after "ok" with the row
+    // current; a click on that row chooses it again, dropping what was typed since.
+    chooseRow(0);
+    QCOMPARE(text("DescCausale"), QString("Versamento"));
+    QVERIFY(child<QRadioButton>(w, "DarAver(0)")->isChecked());
+    QVERIFY(child<QPushButton>(w, "del")->isEnabled());
+    okWith({{"DescCausale", "Versamento assegni"}});
+    QCOMPARE(folder_->read("Causali.CAP"), cat({causaleRecord(1, "VER", "Versamento assegni", "A"),
+                                                causaleRecord(2, "PRE", "Prelievo", "D")}));
+    type("DescCausale", "Altro");
+    chooseRow(0);
+    QCOMPARE(text("DescCausale"), QString("Versamento assegni"));
 
     // Refused delete: account A's last movement carries PRE.
     prompter_.clear();
-    choose(w.get(), "ElencoCausali", 1);
-    click(w.get(), "del");
+    chooseRow(1);
+    press("del");
     QCOMPARE(prompter_.texts(),
              std::vector<std::string>{"La causale che vuoi eliminare è presente in 1 movimenti, "
                                       "pertanto, non è possibile la sua eliminazione."});
@@ -183,173 +170,146 @@ class MasterWindowsTest : public QObject {
     // Delete, confirmed.
     prompter_.clear();
     prompter_.answer({Answer::Ok});
-    choose(w.get(), "ElencoCausali", 0);
-    click(w.get(), "del");
-    QCOMPARE(folder_->read("causali.con"), test::causaleRecord(1, "PRE", "Prelievo", "D"));
-    QCOMPARE(folder_->read("Reccausali.con"), test::le16(1));
-    QCOMPARE(rows(w.get(), "ElencoCausali").size(), 1);
-    QVERIFY(!control<QPushButton>(w.get(), "del")->isEnabled());
-  }
-
-  void enterMovesToTheNextField() {
-    start();
-    auto w = makeCausaliWindow(nullptr, *session_);
-    w->show();
-    QVERIFY(QTest::qWaitForWindowActive(w.get()));
-    auto* code = control<QLineEdit>(w.get(), "CodCausale");
-    code->setFocus();
-    QTest::keyClick(code, Qt::Key_Return);
-    QCOMPARE(QApplication::focusWidget(), control<QLineEdit>(w.get(), "DescCausale"));
-    QVERIFY(prompter_.messages.empty());
+    chooseRow(0);
+    press("del");
+    QCOMPARE(folder_->read("causali.con"), causaleRecord(1, "PRE", "Prelievo", "D"));
+    QCOMPARE(folder_->read("Reccausali.con"), le16(1));
+    QCOMPARE(rows(), QStringList{"PRE   Prelievo                  D"});
+    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
   }
 
   void groupsWindow() {
-    test::writeTable(*folder_, "Tipo.con", "RecTipo.con",
-                     {test::categoryRecord(1, "T1", "Conti", "Banche")});
+    writeTable(*folder_, "Tipo.con", "RecTipo.con", {categoryRecord(1, "T1", "Conti", "Banche")});
     start();
-    auto w = makeGroupsWindow(nullptr, *session_);
-    okWith(w.get(), {{"CodGruppi", "G1"}, {"DescGruppi", "Banche"}});
-    okWith(w.get(), {{"CodGruppi", "G2"}, {"DescGruppi", "Casa"}});
-    okWith(w.get(), {{"CodGruppi", "G2"}, {"DescGruppi", "Doppio"}});
+    QWidget* w = show(makeGroupsWindow(nullptr, *session_));
+    okWith({{"CodGruppi", "G1"}, {"DescGruppi", "Banche"}});
+    okWith({{"CodGruppi", "G2"}, {"DescGruppi", "Casa"}});
+    okWith({{"CodGruppi", "G2"}, {"DescGruppi", "Doppio"}});
     QCOMPARE(prompter_.texts(), std::vector<std::string>{"Nr. codice già presente"});
-    QCOMPARE(rows(w.get(), "ElencoMovimenti"), (QStringList{"G1    - Banche                   ",
-                                                            "G2    - Casa                     "}));
+    QCOMPARE(rows(), (QStringList{"G1    - Banche                   ",
+                                  "G2    - Casa                     "}));
 
-    choose(w.get(), "ElencoMovimenti", 1);
-    okWith(w.get(), {{"DescGruppi", "Abitazione"}});
-    QCOMPARE(folder_->read("Gruppi.con"),
-             test::cat({test::groupRecord(1, "G1", "Banche", " ", "N"),
-                        test::groupRecord(2, "G2", "Abitazione", " ", "N")}));
+    chooseRow(1);
+    okWith({{"DescGruppi", "Abitazione"}});
+    QCOMPARE(folder_->read("Gruppi.con"), cat({groupRecord(1, "G1", "Banche", " ", "N"),
+                                               groupRecord(2, "G2", "Abitazione", " ", "N")}));
 
     prompter_.clear();
-    choose(w.get(), "ElencoMovimenti", 0);
-    click(w.get(), "del");
+    chooseRow(0);
+    press("del");
     QCOMPARE(prompter_.texts(),
              std::vector<std::string>{"Il gruppo che vuoi eliminare è presente in 1 categorie, "
                                       "pertanto, non è possibile la sua eliminazione."});
 
     prompter_.answer({Answer::Ok});
-    choose(w.get(), "ElencoMovimenti", 0);
-    click(w.get(), "pulisci");
-    QVERIFY(!control<QPushButton>(w.get(), "del")->isEnabled());
-    choose(w.get(), "ElencoMovimenti", 1);
-    click(w.get(), "del");
-    QCOMPARE(folder_->read("Gruppi.con"),
-             test::cat({test::groupRecord(1, "G1", "Banche", " ", "N"),
-                        test::groupRecord(2, "G2", "Abitazione", " ", "N")}));
-    QCOMPARE(folder_->read("RecGruppi.con"), test::le16(1));
-    QCOMPARE(rows(w.get(), "ElencoMovimenti").size(), 1);
+    chooseRow(0);
+    press("pulisci");
+    QCOMPARE(text("DescGruppi"), QString());
+    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
+    chooseRow(1);
+    press("del");
+    QCOMPARE(folder_->read("Gruppi.con"), cat({groupRecord(1, "G1", "Banche", " ", "N"),
+                                               groupRecord(2, "G2", "Abitazione", " ", "N")}));
+    QCOMPARE(folder_->read("RecGruppi.con"), le16(1));
+    QCOMPARE(rows(), QStringList{"G1    - Banche                   "});
   }
 
   void categoriesWindow() {
-    test::writeTable(*folder_, "Gruppi.con", "RecGruppi.con",
-                     {test::groupRecord(1, "G1", "Banche"), test::groupRecord(2, "G2", "Casa")});
-    test::writeTable(*folder_, "CONTI.CON", "RecConti.CON",
-                     {test::accountRecord({.number = 1, .code = "1", .category = "Conti"})});
+    writeTable(*folder_, "Gruppi.con", "RecGruppi.con",
+               {groupRecord(1, "G1", "Banche"), groupRecord(2, "G2", "Casa")});
+    writeTable(*folder_, "CONTI.CON", "RecConti.CON",
+               {accountRecord({.number = 1, .code = "1", .category = "Conti"})});
     start();
-    auto w = makeCategoriesWindow(nullptr, *session_);
-    auto* groups = control<QComboBox>(w.get(), "Combo1");
-    QCOMPARE(groups->count(), 2);
-    type(w.get(), "CodCausale", "T1");
-    type(w.get(), "DescCausale", "Conti");
-    pick(w.get(), 0);
-    click(w.get(), "ok");
-    okWith(w.get(), {{"CodCausale", "T2"}, {"DescCausale", "Mutui"}});
-    okWith(w.get(), {{"CodCausale", "T2"}, {"DescCausale", ""}});
+    QWidget* w = show(makeCategoriesWindow(nullptr, *session_));
+    auto* groups = child<QComboBox>(w, "Combo1");
+    QCOMPARE(rowsOf(groups->view()), (QStringList{"Banche", "Casa"}));
+    type("CodCausale", "T1");
+    type("DescCausale", "Conti");
+    pick("Banche");
+    press("ok");
+    okWith({{"CodCausale", "T2"}, {"DescCausale", "Mutui"}});
+    okWith({{"CodCausale", "T2"}, {"DescCausale", ""}});
     QCOMPARE(prompter_.texts(), std::vector<std::string>{"Campo codice e descrizione obbligatori"});
-    QCOMPARE(folder_->read("Tipo.con"), test::cat({test::categoryRecord(1, "T1", "Conti", "Banche"),
-                                                   test::categoryRecord(2, "T2", "Mutui", "")}));
+    QCOMPARE(folder_->read("Tipo.con"), cat({categoryRecord(1, "T1", "Conti", "Banche"),
+                                             categoryRecord(2, "T2", "Mutui", "")}));
 
-    choose(w.get(), "ElencoMovimenti", 1);
-    pick(w.get(), 1);
-    click(w.get(), "ok");
-    QCOMPARE(session_->tables().categories.at(1).groupName,
-             std::string("Casa") + std::string(21, ' '));
+    chooseRow(1);
+    pick("Casa");
+    press("ok");
+    QCOMPARE(folder_->read("Tipo.con"), cat({categoryRecord(1, "T1", "Conti", "Banche"),
+                                             categoryRecord(2, "T2", "Mutui", "Casa")}));
 
     prompter_.clear();
-    choose(w.get(), "ElencoMovimenti", 0);
+    chooseRow(0);
     QCOMPARE(groups->currentText(), QString("Banche"));
-    click(w.get(), "del");
+    press("del");
     QCOMPARE(prompter_.texts(),
              std::vector<std::string>{"La categoria che vuoi eliminare è presente in 1 conti, "
                                       "pertanto, non è possibile la sua eliminazione."});
     prompter_.answer({Answer::Ok});
-    choose(w.get(), "ElencoMovimenti", 1);
-    click(w.get(), "del");
-    QCOMPARE(folder_->read("RecTipo.con"), test::le16(1));
-    QCOMPARE(rows(w.get(), "ElencoMovimenti"), QStringList{"T1    - Conti                    "});
+    chooseRow(1);
+    press("del");
+    QCOMPARE(folder_->read("RecTipo.con"), le16(1));
+    QCOMPARE(rows(), QStringList{"T1    - Conti                    "});
   }
 
   void accountsWindow() {
-    test::writeTable(*folder_, "Tipo.con", "RecTipo.con",
-                     {test::categoryRecord(1, "T1", "Banche", "Privati")});
+    writeTable(*folder_, "Tipo.con", "RecTipo.con", {categoryRecord(1, "T1", "Banche", "Privati")});
     start();
     int changes = 0;
-    auto w = makeAccountsWindow(nullptr, *session_, [&] { ++changes; });
-    w->show();
-    QVERIFY(QTest::qWaitForWindowActive(w.get()));
-    auto* code = control<QLineEdit>(w.get(), "CodConto");
-    code->setFocus();
+    show(makeAccountsWindow(nullptr, *session_, [&] { ++changes; }));
+    auto* code = field("CodConto");
+    QCOMPARE(QApplication::focusWidget(), code);
     QTest::keyClick(code, Qt::Key_Return);
     QCOMPARE(prompter_.texts(), std::vector<std::string>{"Campo obbligatorio"});
     QCOMPARE(QApplication::focusWidget(), code);
 
-    auto* postCode = control<QLineEdit>(w.get(), "CapBanca");
+    auto* postCode = field("CapBanca");
+    click(postCode);
     QTest::keyClicks(postCode, "2a0");
     QTest::keyClick(postCode, Qt::Key_Backspace);
     QCOMPARE(postCode->text(), QString("2"));
     QCOMPARE(prompter_.beeps, 1);
 
     prompter_.clear();
-    type(w.get(), "CodConto", "1");
-    type(w.get(), "NomeConto", "Banca Uno");
-    type(w.get(), "Fido", "1500");
-    pick(w.get(), 0);
-    click(w.get(), "ok");
-    okWith(w.get(), {{"CodConto", "10"}, {"NomeConto", "Banca Dieci"}});  // no category chosen
+    type("CodConto", "1");
+    type("NomeConto", "Banca Uno");
+    type("Fido", "1500");
+    pick("T1");
+    press("ok");
+    okWith({{"CodConto", "10"}, {"NomeConto", "Banca Dieci"}});  // no category chosen
     QCOMPARE(prompter_.texts(),
              std::vector<std::string>{
                  "Campo Tipo conto obbligatorio, selezionare un tipo e riprovare."});
-    pick(w.get(), 0);
-    click(w.get(), "ok");
+    pick("T1");
+    press("ok");
     QCOMPARE(changes, 2);
-    QCOMPARE(session_->tables().accounts.size(), 2U);
     QCOMPARE(folder_->read("CONTI.CON").size(), 2U * 207);
     QCOMPARE(Bytes(folder_->read("CONTI.CON")).front(), std::uint8_t{1});
-    QCOMPARE(rows(w.get(), "listaconti").at(1),
-             QString("10         Banca Dieci") + QString(34, ' '));
+    QCOMPARE(rows(), (QStringList{QString("1          Banca Uno") + QString(36, ' '),
+                                  QString("10         Banca Dieci") + QString(34, ' ')}));
 
     // Change: the code stays, the rest is rewritten.
-    choose(w.get(), "listaconti", 0);
+    chooseRow(0);
     QVERIFY(!code->isEnabled());
-    okWith(w.get(), {{"NomeConto", "Banca Uno Spa"}});
+    okWith({{"NomeConto", "Banca Uno Spa"}});
     QVERIFY(code->isEnabled());
-    QCOMPARE(Bytes(folder_->read("CONTI.CON")).size(), 2U * 207);
-    QCOMPARE(Bytes(folder_->read("CONTI.CON")).at(44), std::uint8_t{'B'});
-    QCOMPARE(session_->tables().accounts.at(0).accountName.substr(0, 13), "Banca Uno Spa");
-
-    // The working account cannot go.
-    folder_->write("1.MOC", Bytes(87, ' '));
-    folder_->write("10.MOR", test::le16(0));
-    session_->openAccountByCode("10");
-    prompter_.clear();
-    prompter_.answer({Answer::Ok});
-    choose(w.get(), "listaconti", 1);
-    click(w.get(), "del");
-    QCOMPARE(prompter_.messages.back().title, std::string("attenzione"));
-    QCOMPARE(session_->tables().accounts.size(), 2U);
+    const Bytes stored = folder_->read("CONTI.CON");
+    QCOMPARE(stored.size(), 2U * 207);
+    QVERIFY(Bytes(stored.begin() + 44, stored.begin() + 89) == test::text("Banca Uno Spa", 45));
+    QCOMPARE(rows().at(0), QString("1          Banca Uno Spa") + QString(32, ' '));
 
     // Account 1 goes, and the files of account 10 with it.
-    session_->closeAccount();
+    folder_->write("1.MOC", Bytes(87, ' '));
+    folder_->write("10.MOR", le16(0));
     prompter_.answer({Answer::Ok});
-    choose(w.get(), "listaconti", 0);
-    click(w.get(), "del");
+    chooseRow(0);
+    press("del");
     QVERIFY(!folder_->exists("1.MOC"));
     QVERIFY(!folder_->exists("10.MOR"));
     QVERIFY(folder_->exists("CONTI.CON"));
-    QCOMPARE(folder_->read("RecConti.CON"), test::le16(1));
-    QCOMPARE(rows(w.get(), "listaconti"),
-             QStringList{QString("10         Banca Dieci") + QString(34, ' ')});
+    QCOMPARE(folder_->read("RecConti.CON"), le16(1));
+    QCOMPARE(rows(), QStringList{QString("10         Banca Dieci") + QString(34, ' ')});
     QCOMPARE(changes, 4);
   }
 };
