@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "archive/disk_errors.h"
 #include "common/text.h"
 
 namespace contavia {
@@ -10,7 +9,7 @@ namespace contavia {
 std::vector<std::string> accountFilesMatching(const DataDirectory& dir, std::string_view code,
                                               CodeMatch match) {
   std::vector<std::string> result;
-  const std::string wanted = asciiUpper(trim(code));
+  const std::string wanted = foldCase(trim(code));
   if (!isSafeFileName(wanted)) {
     return result;
   }
@@ -19,7 +18,7 @@ std::vector<std::string> accountFilesMatching(const DataDirectory& dir, std::str
     if (dot == std::string::npos || !isAccountFileExtension(name.substr(dot))) {
       continue;
     }
-    const std::string base = asciiUpper(name.substr(0, dot));
+    const std::string base = foldCase(name.substr(0, dot));
     if (base == "BAK") {
       continue;  // the copies made by the closing belong to no account
     }
@@ -32,20 +31,11 @@ std::vector<std::string> accountFilesMatching(const DataDirectory& dir, std::str
   return result;
 }
 
-Message undeletedFilesBox(std::string_view code, int errorNumber) {
-  return diskErrorBox("Non è stato possibile eliminare tutti i file del conto " + trim(code) +
-                      " (" + describeDiskError(errorNumber) + ").");
-}
-
-int deleteAccountFiles(const DataDirectory& dir, std::string_view code, CodeMatch match) {
-  int first = diskerr::kOk;
+void removeAccountFiles(WriteJournal& journal, const DataDirectory& dir, std::string_view code,
+                        CodeMatch match) {
   for (const std::string& name : accountFilesMatching(dir, code, match)) {
-    const int rc = dir.files().remove(dir.folder() + name);
-    if (first == diskerr::kOk) {
-      first = rc;
-    }
+    journal.remove(dir.folder() + name);
   }
-  return first;
 }
 
 }  // namespace contavia

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "archive/data_directory.h"
-#include "common/prompter.h"
+#include "archive/write_journal.h"
 
 namespace contavia {
 
@@ -22,10 +22,8 @@ enum class CodeMatch {
 std::vector<std::string> accountFilesMatching(const DataDirectory& dir, std::string_view code,
                                               CodeMatch match);
 
-// Deletes them; returns the first disk-error number met (0 when all went).
-int deleteAccountFiles(const DataDirectory& dir, std::string_view code, CodeMatch match);
-
-// The message of a deletion that left some files of account `code` behind.
-Message undeletedFilesBox(std::string_view code, int errorNumber);
+// Deletes them as part of the operation of `journal`.
+void removeAccountFiles(WriteJournal& journal, const DataDirectory& dir, std::string_view code,
+                        CodeMatch match);
 
 }  // namespace contavia

@@ -13,7 +13,7 @@ namespace contavia {
 bool isAccountFileExtension(std::string_view extension) {
   static constexpr std::array<std::string_view, 10> kExtensions = {
       ".MOC", ".MOR", ".TOC", ".RIP", ".CHI", ".ORD", ".FOG", ".NRC", ".CAR", ".NRF"};
-  const std::string upper = asciiUpper(extension);
+  const std::string upper = foldCase(extension);
   for (std::string_view e : kExtensions) {
     if (upper == e) {
       return true;
@@ -58,7 +58,7 @@ std::string DataDirectory::path(std::string_view name) const {
   std::vector<std::string> names;
   if (files_->list(folder_, names) == diskerr::kOk) {
     for (const std::string& candidate : names) {
-      if (equalsIgnoringAsciiCase(candidate, name)) {
+      if (equalsIgnoringCase(candidate, name)) {
         return folder_ + candidate;
       }
     }

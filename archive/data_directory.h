@@ -24,6 +24,12 @@ inline constexpr const char* kMovementCounter = "records.rer";
 inline constexpr const char* kCausaliAfterDelete = "causali.con";
 inline constexpr const char* kCausaliAfterDeleteCount = "Reccausali.con";
 
+// Beside the data files: the journal of the operation under way (before-images of what it
+// writes; the files it deletes wait beside it as journal + "." + number until it ends) and the
+// lock held by the program that works on the folder.
+inline constexpr const char* kJournal = "contavia.journal";
+inline constexpr const char* kLock = "contavia.lock";
+
 // Extensions of an account's own files (code + extension).
 inline constexpr const char* kMovements = ".MOC";
 inline constexpr const char* kMovementCount = ".MOR";

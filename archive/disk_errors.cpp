@@ -141,10 +141,11 @@ bool written(Prompter& prompter, const WriteOutcome& outcome) {
   if (outcome.ok()) {
     return true;
   }
-  prompter.show(
-      diskErrorBox("Impossibile scrivere il file " + outcome.failedFile + " (" +
-                   describeDiskError(outcome.error) +
-                   "). L'operazione è stata annullata e i dati non sono stati modificati."));
+  const char* what = outcome.removing ? "eliminare" : "scrivere";
+  prompter.show(diskErrorBox(std::string("Impossibile ") + what + " il file " +
+                             outcome.failedFile + " (" + describeDiskError(outcome.error) +
+                             "). L'operazione è stata annullata e i dati non sono stati "
+                             "modificati."));
   return false;
 }
 

@@ -39,10 +39,17 @@ class FileLayer {
   virtual int write(const std::string& path, std::uint64_t offset, const std::uint8_t* data,
                     std::size_t size) = 0;
   virtual int size(const std::string& path, std::uint64_t& out) = 0;
-  // Only used to take back a write that could not be completed.
+  // Only used to take back writes (the write journal).
   virtual int truncate(const std::string& path, std::uint64_t size) = 0;
   virtual int remove(const std::string& path) = 0;
+  virtual int rename(const std::string& from, const std::string& to) = 0;
   virtual int copy(const std::string& from, const std::string& to) = 0;
+  // Puts what was written to a file, or the names of a folder, on the disk itself.
+  virtual int sync(const std::string& path) = 0;
+  // Takes the exclusive lock of a file (created when missing) without waiting: kFileAlreadyOpen
+  // when another program holds it. The lock lasts until unlock() or the end of the program.
+  virtual int lock(const std::string& path, int& handle) = 0;
+  virtual void unlock(int handle) = 0;
   // Names of the regular files of a folder.
   virtual int list(const std::string& folder, std::vector<std::string>& names) = 0;
   virtual int makeDirectory(const std::string& path) = 0;
@@ -60,7 +67,11 @@ class OsFileLayer final : public FileLayer {
   int size(const std::string& path, std::uint64_t& out) override;
   int truncate(const std::string& path, std::uint64_t size) override;
   int remove(const std::string& path) override;
+  int rename(const std::string& from, const std::string& to) override;
   int copy(const std::string& from, const std::string& to) override;
+  int sync(const std::string& path) override;
+  int lock(const std::string& path, int& handle) override;
+  void unlock(int handle) override;
   int list(const std::string& folder, std::vector<std::string>& names) override;
   int makeDirectory(const std::string& path) override;
   bool isDirectory(const std::string& path) override;

@@ -89,7 +89,7 @@ WriteOutcome OpenAccount::appendMovement(Movement movement) {
   }
   const std::size_t number = movements_.size() + 1;
   movement.movementNumber = static_cast<std::int16_t>(number);
-  WriteJournal journal(dir_->files());
+  WriteJournal journal(*dir_);
   journal.record(filePath(filename::kMovements), number, movement);
   journal.count(filePath(filename::kMovementCount), static_cast<std::int16_t>(number));
   if (!journal.failed()) {
@@ -117,7 +117,7 @@ WriteOutcome OpenAccount::rewriteMovements(std::vector<Movement> changed) {
       return {diskerr::kBadFileNameOrNumber, {}};
     }
   }
-  WriteJournal journal(dir_->files());
+  WriteJournal journal(*dir_);
   for (std::size_t first = 0; first < changed.size();) {
     std::size_t end = first + 1;
     while (end < changed.size() &&
@@ -149,7 +149,7 @@ WriteOutcome OpenAccount::replaceMovements(std::vector<Movement> kept) {
          kept[unchanged] == movements_[unchanged]) {
     ++unchanged;
   }
-  WriteJournal journal(dir_->files());
+  WriteJournal journal(*dir_);
   if (unchanged < kept.size()) {
     const std::vector<Movement> changed(kept.begin() + static_cast<std::ptrdiff_t>(unchanged),
                                         kept.end());
@@ -228,7 +228,7 @@ void OpenAccount::show(const ExactBalances& balances) {
 void OpenAccount::writeTotals(const ExactBalances& balances) {
   // The stored totals are derived data: a failed write is taken back and skipped, the next
   // recompute mends it.
-  WriteJournal journal(dir_->files());
+  WriteJournal journal(*dir_);
   journal.record(filePath(filename::kTotals), 1,
                  Totals{balances.today, balances.total, selectionFrom_, selectionTo_});
   journal.finish();

@@ -1,5 +1,6 @@
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -184,6 +185,41 @@ int OsFileLayer::remove(const std::string& path) {
     return lastError(path);
   }
   return diskerr::kOk;
+}
+
+int OsFileLayer::rename(const std::string& from, const std::string& to) {
+  if (::rename(from.c_str(), to.c_str()) != 0) {
+    return lastError(from);
+  }
+  return diskerr::kOk;
+}
+
+int OsFileLayer::sync(const std::string& path) {
+  Fd fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (fd.get() < 0 || ::fsync(fd.get()) != 0) {
+    return lastError(path);
+  }
+  return diskerr::kOk;
+}
+
+int OsFileLayer::lock(const std::string& path, int& handle) {
+  const int fd = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+  if (fd < 0) {
+    return lastError(path);
+  }
+  if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
+    const int err = errno;
+    ::close(fd);
+    return err == EWOULDBLOCK ? diskerr::kFileAlreadyOpen : diskErrorOfErrno(err, true);
+  }
+  handle = fd;
+  return diskerr::kOk;
+}
+
+void OsFileLayer::unlock(int handle) {
+  if (handle >= 0) {
+    ::close(handle);  // closing the descriptor releases the lock
+  }
 }
 
 int OsFileLayer::copy(const std::string& from, const std::string& to) {

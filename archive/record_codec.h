@@ -1,6 +1,7 @@
 #pragma once
 // Byte-exact reading and writing of fixed-length records. Each record type lists its fields
-// once, with offsets and widths, in a `fields` function that both directions share.
+// once, with offsets and widths, in a `fields` function that both directions share. A record is
+// written over the bytes it was read from, so what no operation assigns is kept byte for byte.
 
 #include <array>
 #include <cstdint>
@@ -48,7 +49,9 @@ class RecordDecoder {
 // Writes a record's fields into its bytes.
 class RecordEncoder {
  public:
-  explicit RecordEncoder(std::uint8_t* bytes) : bytes_(bytes) {}
+  // With `keepUnchanged` a text that still reads as the bytes hold it is left as it is.
+  RecordEncoder(std::uint8_t* bytes, bool keepUnchanged)
+      : bytes_(bytes), keepUnchanged_(keepUnchanged) {}
   void i16(std::size_t offset, std::int16_t field) const {
     const auto v = static_cast<std::uint16_t>(field);
     bytes_[offset] = static_cast<std::uint8_t>(v & 0xFF);
@@ -68,7 +71,9 @@ class RecordEncoder {
     }
   }
   void text(std::size_t offset, std::size_t width, const std::string& field) const {
-    encodeWindows1252(field, bytes_ + offset, width);
+    if (!keepUnchanged_ || decodeWindows1252(bytes_ + offset, width) != field) {
+      encodeWindows1252(field, bytes_ + offset, width);
+    }
   }
   template <std::size_t N>
   void raw(std::size_t offset, const std::array<std::uint8_t, N>& field) const {
@@ -77,18 +82,24 @@ class RecordEncoder {
 
  private:
   std::uint8_t* bytes_;
+  bool keepUnchanged_;
 };
 
 template <class Record>
 Record decodeRecord(const std::uint8_t* bytes) {
   Record record;
+  std::memcpy(record.stored.data(), bytes, Record::kLength);
+  record.fromFile = true;
   Record::fields(record, RecordDecoder(bytes));
   return record;
 }
 
+// The record's bytes: for a record read from a file, the bytes it was read from with the fields
+// whose value changed encoded again; for a new record, every field encoded over zero bytes.
 template <class Record>
 void encodeRecord(const Record& record, std::uint8_t* bytes) {
-  Record::fields(record, RecordEncoder(bytes));
+  std::memcpy(bytes, record.stored.data(), Record::kLength);
+  Record::fields(record, RecordEncoder(bytes, record.fromFile));
 }
 
 template <class Record>

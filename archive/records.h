@@ -1,13 +1,18 @@
 #pragma once
 // The records of the archive, byte for byte. Text fields hold UTF-8 text of their full width
 // (trailing blanks kept) and are Windows-1252 on disk; fields the program never assigns are kept
-// as raw bytes, zero in a record the program creates.
+// as raw bytes, zero in a record the program creates. A record read from a file also keeps the
+// bytes it was read from: written back, a text field that still reads as those bytes keeps them,
+// so what no operation assigns (zero bytes in a text field, spare fields) stays as it was.
 
 #include <array>
 #include <cstdint>
 #include <string>
 
 namespace contavia {
+
+template <std::size_t N>
+using RecordBytes = std::array<std::uint8_t, N>;
 
 // "CONTI.CON", 207 bytes.
 struct Account {
@@ -26,6 +31,9 @@ struct Account {
   std::string creditLine;    // 15
   std::array<std::uint8_t, 1> spare2{};
   std::string groupName;  // 25
+
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
 
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
@@ -58,6 +66,9 @@ struct Causale {
   std::array<std::uint8_t, 1> spare2{};
   std::array<std::uint8_t, 10> spare3{};
 
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
+
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
     c.i16(0, r.recordNumber);
@@ -81,6 +92,9 @@ struct Category {
   std::string categoryFlag;  // 1
   std::string groupName;     // 25
 
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
+
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
     c.i16(0, r.recordNumber);
@@ -100,6 +114,9 @@ struct Group {
   std::string groupName;  // 25
   std::string groupMark;  // 1
   std::string groupFlag;  // 1
+
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
 
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
@@ -130,6 +147,9 @@ struct Movement {
 
   bool operator==(const Movement&) const = default;
 
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
+
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
     c.i16(0, r.movementNumber);
@@ -155,6 +175,9 @@ struct Totals {
   std::string selectionFrom;  // 10
   std::string selectionTo;    // 10
 
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
+
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
     c.f64(0, r.balanceToday);
@@ -170,6 +193,9 @@ struct CarryForward {
   std::string carryDate;  // 10; blank before the first closing
   std::int32_t carryAmount = 0;
 
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
+
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
     c.text(0, 10, r.carryDate);
@@ -184,6 +210,9 @@ struct ClosingUndo {
   std::int32_t previousCarryAmount = 0;
   std::string closedAccountCode;  // 15
 
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
+
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {
     c.text(0, 10, r.previousCarryDate);
@@ -196,6 +225,9 @@ struct ClosingUndo {
 struct CountRecord {
   static constexpr std::size_t kLength = 2;
   std::int16_t value = 0;
+
+  RecordBytes<kLength> stored{};  // the bytes the record was read from
+  bool fromFile = false;          // false for a record the program creates
 
   template <class Self, class Codec>
   static void fields(Self& r, const Codec& c) {

@@ -1,6 +1,7 @@
 #include "archive/session.h"
 
 #include "archive/record_file.h"
+#include "archive/write_journal.h"
 #include "archive/tables.h"
 #include "common/text.h"
 
@@ -17,8 +18,12 @@ std::optional<std::size_t> findAccountByCode(const std::vector<Account>& account
   return std::nullopt;
 }
 
-Session::Session(FileLayer& files, Prompter& prompter, const Clock& clock, std::string folder)
-    : dir_(files, std::move(folder)), prompter_(&prompter), clock_(&clock) {}
+Session::Session(FileLayer& files, Prompter& prompter, const Clock& clock, std::string folder,
+                 std::string program)
+    : dir_(files, std::move(folder)),
+      program_(std::move(program)),
+      prompter_(&prompter),
+      clock_(&clock) {}
 
 void Session::showProblem(const std::string& problem) {
   if (!problem.empty()) {
@@ -26,14 +31,22 @@ void Session::showProblem(const std::string& problem) {
   }
 }
 
-void Session::start() {
+bool Session::start() {
   dir_.ensureExists();
+  if (const int rc = lock_.take(dir_, program_); rc != diskerr::kOk) {
+    prompter_->show(errorBox(FolderLock::refusalText(dir_, rc)));
+    return false;
+  }
+  if (const std::string note = takeBackInterruptedOperation(dir_); !note.empty()) {
+    prompter_->show(plainBox(kProgramTitle, note));
+  }
   readCount(files(), dir_.path(filename::kMovementCounter), tables_.movementCounter);
   auto accounts = loadTable<Account>(dir_, kAccountTable);
   tables_.accounts = std::move(accounts.records);
   showProblem(accounts.problem);
   reloadCausali();
   reloadCategories();
+  return true;
 }
 
 void Session::reloadCausali() {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "archive/data_directory.h"
+#include "archive/folder_lock.h"
 #include "archive/open_account.h"
 #include "archive/records.h"
 #include "common/clock.h"
@@ -31,19 +32,26 @@ std::optional<std::size_t> findAccountByCode(const std::vector<Account>& account
 
 class Session {
  public:
-  Session(FileLayer& files, Prompter& prompter, const Clock& clock, std::string folder);
+  // `program` names this program to another one that finds the folder in use.
+  Session(FileLayer& files, Prompter& prompter, const Clock& clock, std::string folder,
+          std::string program = "contavia");
 
   DataDirectory& dir() { return dir_; }
   const DataDirectory& dir() const { return dir_; }
   FileLayer& files() { return dir_.files(); }
+  const std::string& program() const { return program_; }
+  // The lock of the DataDirectory, held from start() on.
+  FolderLock& lock() { return lock_; }
   Prompter& prompter() { return *prompter_; }
   const Clock& clock() const { return *clock_; }
   MasterTables& tables() { return tables_; }
   const MasterTables& tables() const { return tables_; }
 
-  // Start-up: creates the DataDirectory when missing (one level), reads the counts, the
-  // movement counter, the accounts, causali and categories. Damage found is shown.
-  void start();
+  // Start-up: creates the DataDirectory when missing (one level), takes its lock, takes back an
+  // operation that a stop left unfinished, reads the counts, the movement counter, the
+  // accounts, causali and categories. Damage found is shown. False (after its message) when
+  // another program works on the folder: then nothing is read and nothing may be written.
+  bool start();
   // Reloads the causali (screens that need them fresh read them again).
   void reloadCausali();
   void reloadCategories();
@@ -73,6 +81,8 @@ class Session {
 
  private:
   DataDirectory dir_;
+  std::string program_;
+  FolderLock lock_;
   Prompter* prompter_;
   const Clock* clock_;
   MasterTables tables_;

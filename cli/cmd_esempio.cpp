@@ -13,7 +13,9 @@ int esempio(Context& c) {
   const Arguments args = c.arguments();
   args.expectAtMost(0);
   Session& session = c.session;
-  session.start();
+  if (!session.start()) {
+    return kExitStopped;
+  }
   if (!canHoldSample(session)) {
     session.prompter().show(errorBox("L'archivio in " + session.dir().folder() +
                                      " contiene già dei dati: l'archivio di esempio si crea "

@@ -21,7 +21,9 @@ int movimenti(Context& c) {
   if (causale) {
     causale = trim(*causale) == trim(kAllCausali) ? kAllCausali : trim(*causale);
   }
-  c.session.start();
+  if (!c.session.start()) {
+    return kExitStopped;
+  }
   if (causale) {
     const auto items = causaleSelectorItems(c.session.tables().causali);
     if (std::find(items.begin(), items.end(), *causale) == items.end()) {

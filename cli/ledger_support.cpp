@@ -8,8 +8,7 @@
 namespace contavia::cli {
 
 bool openWorkingAccount(Context& c, const std::string& code) {
-  c.session.start();
-  return c.session.openAccountByCode(code);
+  return c.session.start() && c.session.openAccountByCode(code);
 }
 
 int runOnAccount(Context& c, bool (*action)(Session&)) {

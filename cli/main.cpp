@@ -90,7 +90,7 @@ int run(int argc, char** argv) {
     OsFileLayer files;
     SystemClock clock = today ? SystemClock(*today) : SystemClock();
     TerminalPrompter prompter(std::cin, std::cerr, ::isatty(0) != 0, yesToAll);
-    Session session(files, prompter, clock, folder);
+    Session session(files, prompter, clock, folder, "contavia-cli");
     Context context{session, std::cout, std::cerr, commandArgs};
     return command->run(context);
   } catch (const UsageError& e) {

@@ -28,14 +28,18 @@ int removeOn(MasterScreen& screen, int row);
 template <class Screen>
 int listCommand(Context& c) {
   c.arguments().expectAtMost(0);
-  c.session.start();
+  if (!c.session.start()) {
+    return kExitStopped;
+  }
   Screen screen(c.session);
   return printRows(c, screen);
 }
 
 template <class Screen>
 int saveCommand(Context& c, std::optional<int> row, const std::vector<FieldValue>& values) {
-  c.session.start();
+  if (!c.session.start()) {
+    return kExitStopped;
+  }
   Screen screen(c.session);
   return saveOn(screen, row, values);
 }
@@ -45,7 +49,9 @@ int removeCommand(Context& c) {
   const Arguments args = c.arguments();
   args.expectAtMost(1);
   const int row = requireNumber(args.positional(0, "N"), "N");
-  c.session.start();
+  if (!c.session.start()) {
+    return kExitStopped;
+  }
   Screen screen(c.session);
   return removeOn(screen, row);
 }

@@ -265,7 +265,7 @@ WriteOutcome writeMasterTables(const DataDirectory& dir, SampleSummary& summary)
   summary.categories = categories.size();
   summary.causali = causali.size();
   summary.accounts = accounts.size();
-  WriteJournal journal(dir.files());
+  WriteJournal journal(dir);
   writeTable(journal, dir, kGroupTable, groups);
   writeTable(journal, dir, kCategoryTable, categories);
   writeTable(journal, dir, kCausaleTable, causali);

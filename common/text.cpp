@@ -211,18 +211,28 @@ std::string asStoredText(std::string_view text) {
   return decodeWindows1252(bytes.data(), bytes.size());
 }
 
-std::string asciiUpper(std::string_view text) {
-  std::string out(text);
-  for (char& c : out) {
-    if (c >= 'a' && c <= 'z') {
-      c = static_cast<char>(c - 'a' + 'A');
+std::string foldCase(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t len = sequenceLength(text, i);
+    char32_t cp = decodeAt(text, i, len);
+    if ((cp >= U'a' && cp <= U'z') || (cp >= 0xE0 && cp <= 0xFE && cp != 0xF7)) {
+      cp -= 0x20;
+    } else if (cp == 0x0161 || cp == 0x0153 || cp == 0x017E) {  // š œ ž
+      --cp;
+    } else if (cp == 0x00FF) {  // ÿ
+      cp = 0x0178;
     }
+    // A byte that is not UTF-8 is taken as Windows-1252, as everywhere else.
+    appendUtf8(out, cp);
+    i += len;
   }
   return out;
 }
 
-bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && asciiUpper(a) == asciiUpper(b);
+bool equalsIgnoringCase(std::string_view a, std::string_view b) {
+  return foldCase(a) == foldCase(b);
 }
 
 }  // namespace contavia

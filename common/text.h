@@ -38,8 +38,9 @@ void encodeWindows1252(std::string_view text, std::uint8_t* out, std::size_t wid
 // becomes "?" (the length in characters is kept).
 std::string asStoredText(std::string_view text);
 
-// Upper case for ASCII letters only (file names are compared this way).
-std::string asciiUpper(std::string_view text);
-bool equalsIgnoringAsciiCase(std::string_view a, std::string_view b);
+// Upper case for every letter that Windows-1252 has in both cases ("ù" and "Ù", "œ" and "Œ"):
+// file names and account codes are compared this way.
+std::string foldCase(std::string_view text);
+bool equalsIgnoringCase(std::string_view a, std::string_view b);
 
 }  // namespace contavia

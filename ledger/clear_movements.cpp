@@ -26,14 +26,11 @@ bool clearAccountMovements(Session& session) {
       !confirm(prompter, warningQuestion(kClearSecondQuestion))) {
     return false;
   }
-  const std::string code = account->code();
-  const int rc = deleteAccountFiles(session.dir(), code, CodeMatch::Exact);
+  WriteJournal journal(session.dir());
+  removeAccountFiles(journal, session.dir(), account->code(), CodeMatch::Exact);
+  const WriteOutcome outcome = journal.finish();
   session.openAccount(*index);
-  if (rc != diskerr::kOk) {
-    prompter.show(undeletedFilesBox(code, rc));
-    return false;
-  }
-  return true;
+  return written(prompter, outcome);
 }
 
 }  // namespace contavia

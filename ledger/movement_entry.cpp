@@ -134,16 +134,13 @@ bool MovementEntry::selectLine(std::size_t row) {
 }
 
 bool MovementEntry::selectMovement(std::size_t number) {
+  // A movement is its position in the file, whatever number a damaged record may carry.
   OpenAccount& a = account();
   const std::vector<Movement>& movements = a.movements();
-  std::size_t slot = 0;
-  while (slot < movements.size() &&
-         static_cast<std::size_t>(movements[slot].movementNumber) != number) {
-    ++slot;
-  }
-  if (slot == movements.size()) {
+  if (number < 1 || number > movements.size()) {
     return false;
   }
+  const std::size_t slot = number - 1;
   // A movement already selected goes back into the balances before another one is taken out.
   if (selected_ != 0) {
     abandon();
@@ -210,12 +207,9 @@ bool MovementEntry::saveNew(double amount, const std::string& date) {
   if (number > Movement::kCapacity) {
     return stop(tableFullText(Movement::kCapacity, "movimenti in un conto"));
   }
-  // The slot the movement goes into: the record past the count, as the file holds it.
-  Movement slot;
-  readRecord(session_.files(), a.filePath(filename::kMovements), number, slot);
-  const bool closedBefore = trim(slot.closedFlag) == "S";
-  Movement m = movementFromRow(std::move(slot), number, amount, date);
-  m.closedFlag = closedBefore ? "S" : "N";
+  // A new record, whatever a deletion or a closing left past the count: not closed, no link.
+  Movement m = movementFromRow(Movement{}, number, amount, date);
+  m.closedFlag = "N";
   if (!balancesFit(number, m)) {
     return stop(balanceOverflowText());
   }
@@ -278,13 +272,8 @@ bool MovementEntry::deleteSelected() {
   if (!confirm(session_.prompter(), warningQuestion(kDeleteQuestion))) {
     return false;
   }
-  std::vector<Movement> kept;
-  kept.reserve(a.count());
-  for (const Movement& m : a.movements()) {
-    if (static_cast<std::size_t>(m.movementNumber) != selected_) {
-      kept.push_back(m);
-    }
-  }
+  std::vector<Movement> kept = a.movements();
+  kept.erase(kept.begin() + static_cast<std::ptrdiff_t>(selected_ - 1));
   if (!written(session_.prompter(), a.replaceMovements(std::move(kept)))) {
     return false;
   }

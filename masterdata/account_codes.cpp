@@ -42,7 +42,7 @@ std::string characterProblem(const std::string& ch) {
 std::string accountCodeProblem(std::string_view code) {
   const std::string name = trim(code);
   for (std::string_view reserved : kArchiveFileNames) {
-    if (equalsIgnoringAsciiCase(name, reserved)) {
+    if (equalsIgnoringCase(name, reserved)) {
       return "Il nr. di conto \"" + name +
              "\" non si può usare: è il nome di un file dell'archivio" + kTryAgain;
     }

@@ -116,7 +116,7 @@ bool AccountsScreen::accepts(bool changing) {
     }
   }
   for (std::size_t i = 0; i < table().size(); ++i) {
-    if (i + 1 != selected() && equalsIgnoringAsciiCase(trim(table()[i].accountCode), trim(code))) {
+    if (i + 1 != selected() && equalsIgnoringCase(trim(table()[i].accountCode), trim(code))) {
       prompter.show(errorBox(
           "Si è inserito un numero di conto già esistente, i dati inseriti non possono essere "
           "salvati. Cambiare il nr. di conto e riprovare."));
@@ -150,11 +150,8 @@ bool AccountsScreen::mayRemoveConfirmed(const Account& r) {
 
 // The files of every account whose code begins with the deleted one go too (account 1 takes
 // the files of account 10); only account files are ever taken.
-void AccountsScreen::removed(const Account& r) {
-  if (const int rc = deleteAccountFiles(session().dir(), r.accountCode, CodeMatch::Prefix);
-      rc != diskerr::kOk) {
-    session().prompter().show(undeletedFilesBox(r.accountCode, rc));
-  }
+void AccountsScreen::removing(const Account& r, WriteJournal& journal) {
+  removeAccountFiles(journal, session().dir(), r.accountCode, CodeMatch::Prefix);
 }
 
 void AccountsScreen::publish() { session().tables().accounts = table(); }

@@ -42,7 +42,7 @@ class AccountsScreen final : public TableScreen<Account> {
   bool mayRemove(const Account&) override { return true; }
   Message removeQuestion() const override;
   bool mayRemoveConfirmed(const Account& r) override;
-  void removed(const Account& r) override;
+  void removing(const Account& r, WriteJournal& journal) override;
   void publish() override;
 
   // The item of the category of that description, if any.

@@ -14,12 +14,12 @@ class FolderIndex {
  public:
   explicit FolderIndex(const DataDirectory& dir) : dir_(&dir) {
     for (const std::string& name : dir.fileNames()) {
-      byUpper_.emplace(asciiUpper(name), name);
+      byUpper_.emplace(foldCase(name), name);
     }
   }
   // The full path of an existing file, empty when there is none.
   std::string path(const std::string& name) const {
-    const auto it = byUpper_.find(asciiUpper(name));
+    const auto it = byUpper_.find(foldCase(name));
     return it == byUpper_.end() ? std::string() : dir_->folder() + it->second;
   }
 

@@ -78,7 +78,7 @@ class TableScreen : public MasterScreen {
     fill(record);
     record.recordNumber = static_cast<std::int16_t>(number);
     record = decodeRecord<Record>(encodeRecord(record).data());  // as it stands in the file
-    WriteJournal journal(session().files());
+    WriteJournal journal(session().dir());
     journal.record(session().dir().path(setup_.files.table), number, record);
     if (!changing) {
       journal.count(session().dir().path(setup_.files.count), static_cast<std::int16_t>(number));
@@ -116,14 +116,14 @@ class TableScreen : public MasterScreen {
         kept.back().recordNumber = static_cast<std::int16_t>(kept.size());
       }
     }
-    WriteJournal journal(session().files());
+    WriteJournal journal(session().dir());
     journal.records(session().dir().path(setup_.afterDelete.table), 1, kept);
     journal.count(session().dir().path(setup_.afterDelete.count),
                   static_cast<std::int16_t>(kept.size()));
+    removing(target, journal);
     if (!written(session().prompter(), journal.finish())) {
       return false;
     }
-    removed(target);
     readFrom(setup_.afterDelete);
     clear();
     return true;
@@ -160,8 +160,8 @@ class TableScreen : public MasterScreen {
   virtual Message removeQuestion() const = 0;
   // A check after the user confirmed.
   virtual bool mayRemoveConfirmed(const Record&) { return true; }
-  // After the compacted table was written.
-  virtual void removed(const Record&) {}
+  // More changes of a delete, in the same operation as the compacted table.
+  virtual void removing(const Record&, WriteJournal&) {}
   // Hands the table to the rest of the program.
   virtual void publish() = 0;
 

@@ -48,7 +48,9 @@ int main(int argc, char** argv) {
     folder = args[at + 1].toStdString();
   }
   contavia::Session session(files, prompter, clock, folder);
-  session.start();
+  if (!session.start()) {
+    return 1;  // the folder is in use by another program: the message said so
+  }
 
   contavia::ui::MainWindow window(session);
   prompter.setParent(&window);

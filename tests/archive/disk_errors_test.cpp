@@ -80,7 +80,7 @@ class GuardedProcedureTest : public test::ArchiveTest {
     });
   }
 
-  WriteJournal journal{files};
+  WriteJournal journal{dir};
   int starts = 0;
   bool secondStepDone = false;
 };

@@ -1,6 +1,9 @@
 #include "tests/support/faulty_file_layer.h"
 
 #include <algorithm>
+#include <cstdlib>
+
+#include "archive/data_directory.h"
 
 namespace contavia::test {
 
@@ -16,6 +19,13 @@ void FaultyFileLayer::failPath(std::string text, int error) {
   pathError_ = error;
 }
 
+void FaultyFileLayer::crashAfter(int n, std::size_t partialBytes) {
+  crashAt_ = changes + n;
+  crashPartialBytes_ = partialBytes;
+}
+
+bool FaultyFileLayer::lastChange() { return crashAt_ && ++changes == *crashAt_; }
+
 void FaultyFileLayer::heal() {
   failAt_.reset();
   failingPath_.clear();
@@ -28,7 +38,10 @@ int FaultyFileLayer::pathFault(const std::string& path) const {
   return 0;
 }
 
-bool FaultyFileLayer::writeFails() {
+bool FaultyFileLayer::writeFails(const std::string& path) {
+  if (path.ends_with(filename::kJournal)) {
+    return false;
+  }
   ++writes;
   if (!failAt_) {
     return false;
@@ -56,7 +69,11 @@ int FaultyFileLayer::write(const std::string& path, std::uint64_t offset, const 
   if (const int e = pathFault(path)) {
     return e;
   }
-  if (writeFails()) {
+  if (lastChange()) {
+    real_.write(path, offset, data, crashPartialBytes_ > 0 ? std::min(crashPartialBytes_, size) : size);
+    std::_Exit(kCrashed);
+  }
+  if (writeFails(path)) {
     const int error = writeError_;
     if (partialBytes_ > 0) {
       real_.write(path, offset, data, std::min(partialBytes_, size));
@@ -74,21 +91,51 @@ int FaultyFileLayer::size(const std::string& path, std::uint64_t& out) {
 }
 
 int FaultyFileLayer::truncate(const std::string& path, std::uint64_t size) {
-  return real_.truncate(path, size);
+  const int rc = real_.truncate(path, size);
+  if (lastChange()) {
+    std::_Exit(kCrashed);
+  }
+  return rc;
 }
 
 int FaultyFileLayer::remove(const std::string& path) {
   if (const int e = pathFault(path)) {
     return e;
   }
-  return real_.remove(path);
+  const int rc = real_.remove(path);
+  if (lastChange()) {
+    std::_Exit(kCrashed);
+  }
+  return rc;
 }
+
+int FaultyFileLayer::rename(const std::string& from, const std::string& to) {
+  if (const int e = pathFault(from) ? pathFault(from) : pathFault(to)) {
+    return e;
+  }
+  const int rc = real_.rename(from, to);
+  if (lastChange()) {
+    std::_Exit(kCrashed);
+  }
+  return rc;
+}
+
+int FaultyFileLayer::sync(const std::string& path) { return real_.sync(path); }
+
+int FaultyFileLayer::lock(const std::string& path, int& handle) {
+  if (const int e = pathFault(path)) {
+    return e;
+  }
+  return real_.lock(path, handle);
+}
+
+void FaultyFileLayer::unlock(int handle) { real_.unlock(handle); }
 
 int FaultyFileLayer::copy(const std::string& from, const std::string& to) {
   if (const int e = pathFault(from) ? pathFault(from) : pathFault(to)) {
     return e;
   }
-  if (writeFails()) {
+  if (writeFails(to)) {
     return writeError_;
   }
   return real_.copy(from, to);

@@ -26,7 +26,7 @@ class TempFolder {
   Bytes read(std::string_view name) const;
   void write(std::string_view name, const Bytes& bytes) const;
   bool exists(std::string_view name) const;
-  // Sorted names of the files in the folder.
+  // Sorted names of the files in the folder, but the lock file "contavia.lock".
   std::vector<std::string> names() const;
 
  private:
