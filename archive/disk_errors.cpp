@@ -141,6 +141,12 @@ bool written(Prompter& prompter, const WriteOutcome& outcome) {
   if (outcome.ok()) {
     return true;
   }
+  if (outcome.error == WriteOutcome::kDamaged) {
+    prompter.show(errorBox("Il file " + outcome.failedFile +
+                           " è danneggiato: finché non viene riparato non si possono registrare "
+                           "modifiche."));
+    return false;
+  }
   const char* what = outcome.removing ? "eliminare" : "scrivere";
   prompter.show(diskErrorBox(std::string("Impossibile ") + what + " il file " +
                              outcome.failedFile + " (" + describeDiskError(outcome.error) +

@@ -48,7 +48,7 @@ void OpenAccount::setSelection(std::string from, std::string to) {
 
 std::int32_t OpenAccount::todayKey() const { return dateKey(clock_->todayText()); }
 
-std::string OpenAccount::readMovements(std::vector<Movement>& out) const {
+Damage OpenAccount::readMovements(std::vector<Movement>& out) const {
   CountedRecords counted = readCountedRecords(
       dir_->files(), filePath(filename::kMovementCount), filePath(filename::kMovements),
       Movement::kLength, Movement::kCapacity,
@@ -59,19 +59,22 @@ std::string OpenAccount::readMovements(std::vector<Movement>& out) const {
     Movement m = decodeRecord<Movement>(counted.bytes.data() + i * Movement::kLength);
     if (!std::isfinite(m.amount)) {
       m.amount = 0.0;
-      if (counted.problem.empty()) {
-        counted.problem = "Archivio danneggiato: il movimento " + std::to_string(i + 1) +
-                          " del file " + code_ + filename::kMovements +
-                          " ha un importo non valido, letto come zero.";
-      }
+      counted.damage.add({"Archivio danneggiato: il movimento " + std::to_string(i + 1) +
+                              " del file " + code_ + filename::kMovements +
+                              " ha un importo non valido, letto come zero; non si possono "
+                              "registrare modifiche finché non viene riparato.",
+                          code_ + filename::kMovements});
     }
     out.push_back(std::move(m));
   }
-  return counted.problem;
+  return std::move(counted.damage);
 }
 
 std::string OpenAccount::load() {
-  std::string problem = readMovements(movements_);
+  damage_ = spellingDamage(*dir_, {code_ + filename::kMovements, code_ + filename::kMovementCount,
+                                   code_ + filename::kTotals, code_ + filename::kCarryForward,
+                                   code_ + filename::kClosingUndo});
+  damage_.add(readMovements(movements_));
   FileLayer& files = dir_->files();
   readRecord(files, filePath(filename::kCarryForward), 1, carry_);
   Totals totals;
@@ -80,10 +83,13 @@ std::string OpenAccount::load() {
   selectionTo_ = totals.selectionTo;
   // The movements were just read from the files: the recompute sums them without reading again.
   settle(recomputed(movements_, carry_.carryAmount, todayKey()));
-  return problem;
+  return damage_.problem;
 }
 
 WriteOutcome OpenAccount::appendMovement(Movement movement) {
+  if (damage_.readOnly()) {
+    return {WriteOutcome::kDamaged, damage_.damagedFile};
+  }
   if (movements_.size() >= Movement::kCapacity) {
     return {kCapacityReached, {}};
   }
@@ -109,6 +115,9 @@ WriteOutcome OpenAccount::appendMovement(Movement movement) {
 }
 
 WriteOutcome OpenAccount::rewriteMovements(std::vector<Movement> changed) {
+  if (damage_.readOnly()) {
+    return {WriteOutcome::kDamaged, damage_.damagedFile};
+  }
   std::sort(changed.begin(), changed.end(), [](const Movement& a, const Movement& b) {
     return a.movementNumber < b.movementNumber;
   });
@@ -140,6 +149,9 @@ WriteOutcome OpenAccount::rewriteMovements(std::vector<Movement> changed) {
 }
 
 WriteOutcome OpenAccount::replaceMovements(std::vector<Movement> kept) {
+  if (damage_.readOnly()) {
+    return {WriteOutcome::kDamaged, damage_.damagedFile};
+  }
   for (std::size_t i = 0; i < kept.size(); ++i) {
     kept[i].movementNumber = static_cast<std::int16_t>(i + 1);
   }
@@ -226,6 +238,9 @@ void OpenAccount::show(const ExactBalances& balances) {
 }
 
 void OpenAccount::writeTotals(const ExactBalances& balances) {
+  if (damage_.readOnly()) {
+    return;
+  }
   // The stored totals are derived data: a failed write is taken back and skipped, the next
   // recompute mends it.
   WriteJournal journal(*dir_);

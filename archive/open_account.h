@@ -9,6 +9,7 @@
 #include "archive/data_directory.h"
 #include "archive/records.h"
 #include "archive/running_balances.h"
+#include "archive/tables.h"
 #include "archive/write_journal.h"
 #include "common/clock.h"
 
@@ -29,8 +30,10 @@ class OpenAccount {
               std::string creditLine);
 
   // Loads count, movements, carry-forward and totals, then recomputes. Returns a
-  // description of any damage found (empty when the files are sound).
+  // description of any damage found (empty when the files are sound). A damaged account is not
+  // written until it is repaired: its writes end with WriteOutcome::kDamaged.
   std::string load();
+  const Damage& damage() const { return damage_; }
 
   const std::string& code() const { return code_; }
   std::string filePath(const char* extension) const;
@@ -80,7 +83,7 @@ class OpenAccount {
   static constexpr int kCapacityReached = -1;
 
  private:
-  std::string readMovements(std::vector<Movement>& out) const;
+  Damage readMovements(std::vector<Movement>& out) const;
   std::int32_t todayKey() const;
   // The balances of a full recompute become the running balances, shown and stored.
   void settle(const ExactBalances& exact);
@@ -100,6 +103,7 @@ class OpenAccount {
   ExactBalances shown_;
   std::string selectionFrom_;
   std::string selectionTo_;
+  Damage damage_;
 };
 
 }  // namespace contavia

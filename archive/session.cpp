@@ -43,7 +43,7 @@ bool Session::start() {
   readCount(files(), dir_.path(filename::kMovementCounter), tables_.movementCounter);
   auto accounts = loadTable<Account>(dir_, kAccountTable);
   tables_.accounts = std::move(accounts.records);
-  showProblem(accounts.problem);
+  showProblem(accounts.damage.problem);
   reloadCausali();
   reloadCategories();
   return true;
@@ -52,13 +52,13 @@ bool Session::start() {
 void Session::reloadCausali() {
   auto causali = loadTable<Causale>(dir_, kCausaleTable);
   tables_.causali = std::move(causali.records);
-  showProblem(causali.problem);
+  showProblem(causali.damage.problem);
 }
 
 void Session::reloadCategories() {
   auto categories = loadTable<Category>(dir_, kCategoryTable);
   tables_.categories = std::move(categories.records);
-  showProblem(categories.problem);
+  showProblem(categories.damage.problem);
 }
 
 void Session::openAccount(std::size_t index) {

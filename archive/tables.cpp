@@ -2,7 +2,18 @@
 
 #include <algorithm>
 
+#include "common/text.h"
+
 namespace contavia {
+
+void Damage::add(Damage other) {
+  if (problem.empty()) {
+    problem = std::move(other.problem);
+  }
+  if (damagedFile.empty()) {
+    damagedFile = std::move(other.damagedFile);
+  }
+}
 
 CountedRecords readCountedRecords(FileLayer& files, const std::string& countPath,
                                   const std::string& tablePath, std::size_t length,
@@ -10,27 +21,64 @@ CountedRecords readCountedRecords(FileLayer& files, const std::string& countPath
   CountedRecords result;
   std::int16_t count = 0;
   readCount(files, countPath, count);
-  const bool countDamaged = count < 0 || static_cast<std::size_t>(count) > capacity;
-  const std::size_t wanted = count < 0 ? 0 : std::min(static_cast<std::size_t>(count), capacity);
+  result.count = count < 0 ? 0 : std::min(static_cast<std::size_t>(count), capacity);
   std::size_t available = 0;
-  readRecordBytes(files, tablePath, length, 1, wanted, result.bytes, &available);
-  result.count = std::min(wanted, available);
-  result.bytes.resize(result.count * length);
+  readRecordBytes(files, tablePath, length, 1, result.count, result.bytes, &available);
 
   const std::string damaged = "Archivio danneggiato: il file ";
-  if (countDamaged) {
-    result.problem = damaged + names.countFile + " indica " + std::to_string(count) + " " +
-                     names.records + ", ma ne sono ammessi al massimo " + std::to_string(capacity) +
-                     ". Vengono letti " +
-                     (result.count == 0 ? "0 " + std::string(names.records)
-                                        : "i primi " + std::to_string(result.count)) +
-                     ".";
-  } else if (available < wanted) {
-    result.problem = damaged + names.tableFile + " contiene " + std::to_string(available) + " " +
-                     names.records + " dei " + std::to_string(wanted) + " indicati nel file " +
-                     names.countFile + ". Vengono letti solo quelli presenti.";
+  Damage& damage = result.damage;
+  if (count < 0 || static_cast<std::size_t>(count) > capacity) {
+    // An impossible count says nothing of how many records there are: only those in the file.
+    result.count = std::min(result.count, available);
+    result.bytes.resize(result.count * length);
+    damage = {damaged + names.countFile + " indica " + std::to_string(count) + " " +
+                  names.records + ", ma ne sono ammessi al massimo " + std::to_string(capacity) +
+                  ". Vengono letti " +
+                  (result.count == 0 ? "0 " + std::string(names.records)
+                                     : "i primi " + std::to_string(result.count)) +
+                  "; non si possono registrare modifiche finché non viene riparato.",
+              names.countFile};
+  }
+  for (std::size_t i = 0; i < std::min(result.count, available) && !damage.readOnly(); ++i) {
+    const std::uint8_t* r = result.bytes.data() + i * length;
+    const auto number = static_cast<std::int16_t>(r[0] | (r[1] << 8));
+    if (number != static_cast<std::int64_t>(i + 1)) {
+      damage = {"Archivio danneggiato: nel file " + names.tableFile + " il record " +
+                    std::to_string(i + 1) + " porta il numero " + std::to_string(number) +
+                    "; non si possono registrare modifiche finché non viene riparato.",
+                names.tableFile};
+    }
+  }
+  if (available < result.count && damage.problem.empty()) {
+    damage.problem = damaged + names.tableFile + " contiene " + std::to_string(available) + " " +
+                     names.records + " dei " + std::to_string(result.count) +
+                     " indicati nel file " + names.countFile +
+                     ": quelli che mancano si leggono vuoti.";
   }
   return result;
+}
+
+Damage spellingDamage(const DataDirectory& dir, std::initializer_list<std::string> names) {
+  const std::vector<std::string> present = dir.fileNames();
+  for (const std::string& name : names) {
+    std::vector<std::string> spellings;
+    for (const std::string& p : present) {
+      if (equalsIgnoringCase(p, name)) {
+        spellings.push_back(p);
+      }
+    }
+    if (spellings.size() > 1) {
+      std::sort(spellings.begin(), spellings.end());
+      std::string listed;
+      for (const std::string& s : spellings) {
+        listed += (listed.empty() ? "" : ", ") + s;
+      }
+      return {"Archivio danneggiato: il file " + name + " c'è con più grafie (" + listed +
+                  "); non si possono registrare modifiche finché ne resta più di uno.",
+              name};
+    }
+  }
+  return {};
 }
 
 std::string tableFullText(std::size_t capacity, std::string_view what) {

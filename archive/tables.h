@@ -22,11 +22,22 @@ inline constexpr TableFiles kCausaleTable{filename::kCausali, filename::kCausali
 inline constexpr TableFiles kCategoryTable{filename::kCategories, filename::kCategoriesCount};
 inline constexpr TableFiles kGroupTable{filename::kGroups, filename::kGroupsCount};
 
-// The records 1..count of a table file that are really there, as raw bytes.
+// Damage found in a table: told to the user once, when the table is read. A table whose damage
+// would make a write lose data (an impossible count, records that do not carry their own number,
+// a file spelled twice) is read as far as possible and is not written until it is repaired.
+struct Damage {
+  std::string problem;      // for the user; empty when the files are sound
+  std::string damagedFile;  // the file that keeps the table from being written; empty: writable
+  bool readOnly() const { return !damagedFile.empty(); }
+  // Keeps the first damage found.
+  void add(Damage other);
+};
+
+// The records 1..count of a table file, as raw bytes.
 struct CountedRecords {
-  std::vector<std::uint8_t> bytes;  // `count` records
+  std::vector<std::uint8_t> bytes;  // `count` records; what the file lacks reads as zeros
   std::size_t count = 0;
-  std::string problem;  // a damaged count or table, described for the user; empty when sound
+  Damage damage;
 };
 
 // How the damage messages name the two files and the records.
@@ -36,27 +47,34 @@ struct CountedNames {
   const char* records;  // "record", "movimenti"
 };
 
-// Reads the count and records 1..count of a table (a missing file is created empty). A count
-// below 0 or above the capacity, or a table file shorter than the count, is reported in
-// `problem`, and only the records that are really there, up to the capacity, are read.
+// Reads the count and records 1..count of a table (a missing file is created empty); each record
+// begins with its own number. A count below 0 or above the capacity is damage that keeps the
+// table from being written (the records in the file are read, up to the capacity), and so is a
+// record that carries another number. A table file shorter than a possible count keeps its
+// count: the records it lacks read as zeros, and the next record added goes after the count.
 CountedRecords readCountedRecords(FileLayer& files, const std::string& countPath,
                                   const std::string& tablePath, std::size_t length,
                                   std::size_t capacity, const CountedNames& names);
 
+// A name spelled in more than one way in the folder ("UNI.MOC" and "uni.moc"): damage that
+// keeps both from being written.
+Damage spellingDamage(const DataDirectory& dir, std::initializer_list<std::string> names);
+
 template <class Record>
 struct LoadedTable {
   std::vector<Record> records;
-  std::string problem;  // a damaged count or file, described for the user; empty when sound
+  Damage damage;
 };
 
 template <class Record>
 LoadedTable<Record> loadTable(const DataDirectory& dir, const TableFiles& files,
                               std::size_t capacity = Record::kCapacity) {
-  const CountedRecords counted =
-      readCountedRecords(dir.files(), dir.path(files.count), dir.path(files.table), Record::kLength,
-                         capacity, {files.count, files.table, "record"});
+  CountedRecords counted =
+      readCountedRecords(dir.files(), dir.path(files.count), dir.path(files.table),
+                         Record::kLength, capacity, {files.count, files.table, "record"});
   LoadedTable<Record> result;
-  result.problem = counted.problem;
+  result.damage = spellingDamage(dir, {files.count, files.table});
+  result.damage.add(std::move(counted.damage));
   result.records.reserve(counted.count);
   for (std::size_t i = 0; i < counted.count; ++i) {
     result.records.push_back(decodeRecord<Record>(counted.bytes.data() + i * Record::kLength));

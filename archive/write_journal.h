@@ -23,6 +23,8 @@ struct WriteOutcome {
   std::string failedFile;
   bool removing = false;  // the file was to be deleted, not written
   bool ok() const { return error == diskerr::kOk; }
+  // Not a disk error: the file is damaged and is not written until it is repaired.
+  static constexpr int kDamaged = -2;
 };
 
 // One change the journal can take back.

@@ -64,7 +64,7 @@ bool changeDataFolder(Session& session, const std::string& folder) {
     session.prompter().show(plainBox(kProgramTitle, interrupted));
   }
   session.tables().accounts = std::move(loaded.records);
-  session.showProblem(loaded.problem);
+  session.showProblem(loaded.damage.problem);
   return true;
 }
 

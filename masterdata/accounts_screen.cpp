@@ -21,7 +21,7 @@ AccountsScreen::AccountsScreen(Session& session)
           Setup{kAccountTable, kAccountTable, "conti", /*keepsChangedRecord=*/false,
                 kAccountItemWidth, padRight("Codice", 11) + "Nome"}) {
   open();
-  categories_ = readTable<Category>(session, kCategoryTable);
+  categories_ = readTable<Category>(session, kCategoryTable).records;
 }
 
 std::vector<std::string> AccountsScreen::choices() const {

@@ -20,7 +20,7 @@ CategoriesScreen::CategoriesScreen(Session& session)
           Setup{kCategoryTable, kCategoryTable, "categorie",
                 /*keepsChangedRecord=*/false, kCodeDashNameWidth, codeDashNameHeading()}) {
   open();
-  groups_ = readTable<Group>(session, kGroupTable);
+  groups_ = readTable<Group>(session, kGroupTable).records;
 }
 
 std::vector<std::string> CategoriesScreen::choices() const {

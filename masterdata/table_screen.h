@@ -25,10 +25,10 @@ namespace contavia {
 
 // Reads a table from its files; damage found is shown.
 template <class Record>
-std::vector<Record> readTable(Session& session, const TableFiles& files) {
+LoadedTable<Record> readTable(Session& session, const TableFiles& files) {
   LoadedTable<Record> loaded = loadTable<Record>(session.dir(), files);
-  session.showProblem(loaded.problem);
-  return std::move(loaded.records);
+  session.showProblem(loaded.damage.problem);
+  return loaded;
 }
 
 template <class Record>
@@ -66,7 +66,7 @@ class TableScreen : public MasterScreen {
 
   bool save() override {
     const bool changing = selected() > 0 && selected() <= table_.size();
-    if (!accepts(changing)) {
+    if (refusedAsDamaged() || !accepts(changing)) {
       return false;
     }
     if (!changing && table_.size() >= Record::kCapacity) {
@@ -100,7 +100,7 @@ class TableScreen : public MasterScreen {
 
   bool remove() override {
     const std::size_t number = selected();
-    if (number == 0 || number > table_.size()) {
+    if (number == 0 || number > table_.size() || refusedAsDamaged()) {
       return false;
     }
     const Record target = table_[number - 1];
@@ -167,12 +167,21 @@ class TableScreen : public MasterScreen {
 
  private:
   void readFrom(const TableFiles& files) {
-    table_ = readTable<Record>(session(), files);
+    LoadedTable<Record> loaded = readTable<Record>(session(), files);
+    table_ = std::move(loaded.records);
+    damagedFile_ = std::move(loaded.damage.damagedFile);
     publish();
+  }
+
+  // A damaged table is not written until it is repaired.
+  bool refusedAsDamaged() {
+    return !damagedFile_.empty() &&
+           !written(session().prompter(), {WriteOutcome::kDamaged, damagedFile_});
   }
 
   Setup setup_;
   std::vector<Record> table_;
+  std::string damagedFile_;
 };
 
 }  // namespace contavia

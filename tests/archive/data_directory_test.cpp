@@ -74,7 +74,7 @@ TEST_F(DataDirectoryTest, TablesAreReadAndAppendedThroughTheirCountFiles) {
   test::writeTable(folder, "CONTI.CON", "RecConti.CON", {first, second, stale}, 2);
 
   const auto loaded = loadTable<Account>(dir, kAccountTable);
-  EXPECT_TRUE(loaded.problem.empty());
+  EXPECT_TRUE(loaded.damage.problem.empty());
   ASSERT_EQ(loaded.records.size(), 2U);  // the record past the count is not valid
   EXPECT_EQ(trim(loaded.records[1].accountName), "Società");
 
