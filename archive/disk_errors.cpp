@@ -148,8 +148,8 @@ bool written(Prompter& prompter, const WriteOutcome& outcome) {
     return false;
   }
   const char* what = outcome.removing ? "eliminare" : "scrivere";
-  prompter.show(diskErrorBox(std::string("Impossibile ") + what + " il file " +
-                             outcome.failedFile + " (" + describeDiskError(outcome.error) +
+  prompter.show(diskErrorBox(std::string("Impossibile ") + what + " il file " + outcome.failedFile +
+                             " (" + describeDiskError(outcome.error) +
                              "). L'operazione è stata annullata e i dati non sono stati "
                              "modificati."));
   return false;

@@ -42,8 +42,8 @@ int FolderLock::take(const DataDirectory& dir, const std::string& program) {
 
 std::string FolderLock::refusalText(const DataDirectory& dir, int error) {
   if (error != diskerr::kFileAlreadyOpen) {
-    return "Non è possibile usare l'archivio in " + dir.folder() + " (" +
-           describeDiskError(error) + ").";
+    return "Non è possibile usare l'archivio in " + dir.folder() + " (" + describeDiskError(error) +
+           ").";
   }
   std::vector<std::uint8_t> bytes;
   dir.files().read(dir.folder() + filename::kLock, 0, 200, bytes, false);

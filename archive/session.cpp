@@ -1,8 +1,8 @@
 #include "archive/session.h"
 
 #include "archive/record_file.h"
-#include "archive/write_journal.h"
 #include "archive/tables.h"
+#include "archive/write_journal.h"
 #include "common/text.h"
 
 namespace contavia {

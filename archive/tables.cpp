@@ -31,8 +31,8 @@ CountedRecords readCountedRecords(FileLayer& files, const std::string& countPath
     // An impossible count says nothing of how many records there are: only those in the file.
     result.count = std::min(result.count, available);
     result.bytes.resize(result.count * length);
-    damage = {damaged + names.countFile + " indica " + std::to_string(count) + " " +
-                  names.records + ", ma ne sono ammessi al massimo " + std::to_string(capacity) +
+    damage = {damaged + names.countFile + " indica " + std::to_string(count) + " " + names.records +
+                  ", ma ne sono ammessi al massimo " + std::to_string(capacity) +
                   ". Vengono letti " +
                   (result.count == 0 ? "0 " + std::string(names.records)
                                      : "i primi " + std::to_string(result.count)) +

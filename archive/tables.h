@@ -70,8 +70,8 @@ template <class Record>
 LoadedTable<Record> loadTable(const DataDirectory& dir, const TableFiles& files,
                               std::size_t capacity = Record::kCapacity) {
   CountedRecords counted =
-      readCountedRecords(dir.files(), dir.path(files.count), dir.path(files.table),
-                         Record::kLength, capacity, {files.count, files.table, "record"});
+      readCountedRecords(dir.files(), dir.path(files.count), dir.path(files.table), Record::kLength,
+                         capacity, {files.count, files.table, "record"});
   LoadedTable<Record> result;
   result.damage = spellingDamage(dir, {files.count, files.table});
   result.damage.add(std::move(counted.damage));

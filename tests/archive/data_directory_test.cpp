@@ -44,13 +44,15 @@ TEST_F(DataDirectoryTest, FirstStartCreatesTheFolderAndEmptyFilesWithCanonicalNa
 TEST_F(DataDirectoryTest, AnArchiveSpelledInAnotherCaseOpens) {
   test::writeTable(folder, "conti.con", "recconti.con",
                    {test::accountRecord({.number = 1, .code = "cc1", .name = "Cassa"}),
-                    test::accountRecord({.number = 2, .code = "CC2", .name = "Banca"})});
+                    test::accountRecord({.number = 2, .code = "Per\xF9", .name = "Banca"})});
   test::writeTable(folder, "CAUSALI.cap", "reccausa.cap",
                    {test::causaleRecord(1, "V", "Vers.", "A")});
   test::writeTable(folder, "TIPO.CON", "RECTIPO.CON", {test::categoryRecord(1, "B", "Banche", "")});
   folder.write("RECORDS.RER", test::le16(42));
   test::writeMovements(folder, "Cc1", {{.date = "01/02/2026", .amount = 7, .sign = "A"}});
   folder.write("cc1.rip", test::carryForwardRecord("31/12/2025", 100));
+  // Every Windows-1252 letter has its two cases: "Ù" is "ù".
+  test::writeMovements(folder, "PERÙ", {{.date = "01/02/2026", .amount = 3, .sign = "A"}});
   const auto before = folder.names();
 
   Session session = startedSession();
@@ -61,10 +63,13 @@ TEST_F(DataDirectoryTest, AnArchiveSpelledInAnotherCaseOpens) {
   session.openAccount(0);
   EXPECT_EQ(session.account()->count(), 1U);
   EXPECT_EQ(session.account()->balanceTotal(), 107);
+  session.openAccount(1);
+  EXPECT_EQ(session.account()->balanceTotal(), 3);
+  EXPECT_EQ(session.account()->damage().problem, "");
   // Only the files that were missing appear, in the canonical spelling.
   Names added;
   std::ranges::set_difference(folder.names(), before, std::back_inserter(added));
-  EXPECT_EQ(added, (Names{"cc1.TOC"}));
+  EXPECT_EQ(added, (Names{"Perù.RIP", "Perù.TOC", "cc1.TOC"}));
 }
 
 TEST_F(DataDirectoryTest, TablesAreReadAndAppendedThroughTheirCountFiles) {

@@ -7,8 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "archive/session.h"
+#include "common/clock.h"
 #include "tests/support/archive_bytes.h"
 #include "tests/support/run_program.h"
+#include "tests/support/scripted_prompter.h"
 #include "tests/support/temp_folder.h"
 
 namespace contavia {
@@ -155,6 +158,26 @@ TEST_F(LedgerCliTest, ClearingAskTwiceAndNeedsBothAnswers) {
   EXPECT_EQ(cli({"riordina", "CARTA"}).status, 0);
   EXPECT_EQ(cli({"movimenti", "CARTA"}).out.back(), " Nr. Movimenti: 0");
   EXPECT_NE(cli({"movimenti", "CASSA"}).out.back(), " Nr. Movimenti: 0");
+}
+
+TEST_F(LedgerCliTest, ASecondProgramOnTheFolderIsToldAndChangesNothing) {
+  ASSERT_EQ(cli({"esempio"}).status, 0);
+  const auto before = test::snapshot(folder);
+  {
+    // This test's own process works on the folder, as the desktop program would.
+    OsFileLayer files;
+    test::ScriptedPrompter prompter;
+    FixedClock clock{CalendarDate{15, 3, 2025}};
+    Session desktop(files, prompter, clock, folder.path());
+    ASSERT_TRUE(desktop.start());
+    const CliRun refused = cli({"movimento-salva", "BANCA", "15/03/2025", "STI", "10"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_TRUE(refused.err.starts_with("ERRORE: L'archivio in " + folder.path() +
+                                        " è già in uso (contavia, processo "))
+        << refused.err;
+    EXPECT_EQ(test::snapshot(folder), before);
+  }
+  EXPECT_EQ(cli({"movimento-salva", "BANCA", "15/03/2025", "STI", "10"}).status, 0);
 }
 
 }  // namespace

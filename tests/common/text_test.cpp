@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace contavia {
@@ -40,6 +41,17 @@ TEST(Text, Windows1252Fields) {
   EXPECT_EQ(leftChars("àèìòù", 2), "àè");
   EXPECT_EQ(rightChars("àèìòù", 2), "òù");
   EXPECT_EQ(midChars("àèìòù", 1, 3), "èìò");
+}
+
+TEST(Text, CaseIsFoldedForEveryWindows1252Letter) {
+  for (const auto& [a, b] : std::vector<std::pair<const char*, const char*>>{
+           {"perù.moc", "PERÙ.MOC"}, {"àéîõü", "ÀÉÎÕÜ"}, {"œšžÿ", "ŒŠŽŸ"}, {"ß", "ß"}}) {
+    EXPECT_TRUE(equalsIgnoringCase(a, b)) << a;
+  }
+  for (const auto& [a, b] : std::vector<std::pair<const char*, const char*>>{
+           {"÷", "×"}, {"perù", "peru"}, {"a", "à"}, {"UNI.MOC", "UNI.MOR"}}) {
+    EXPECT_FALSE(equalsIgnoringCase(a, b)) << a;
+  }
 }
 
 }  // namespace

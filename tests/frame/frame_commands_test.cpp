@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "archive/folder_lock.h"
 #include "tests/support/archive_fixture.h"
 
 namespace contavia {
@@ -55,6 +56,26 @@ TEST_F(ChangeFolderTest, ADeviceErrorCanBeRetriedOrGivenUp) {
             (std::vector<std::string>{"Errore di I/O di periferica", "Errore di I/O di periferica",
                                       "Errore di I/O di periferica", "Errore irrecuperabile"}));
   EXPECT_EQ(session.tables().accounts.size(), 1U);
+}
+
+TEST_F(ChangeFolderTest, ToAFolderInUseKeepsThePreviousOneAndItsLock) {
+  Session session = startedSession();
+  const std::string other = folder.file("altro");
+  std::filesystem::create_directory(other);
+  const DataDirectory otherDir(files, other);
+  FolderLock elsewhere;  // another program works there
+  ASSERT_EQ(elsewhere.take(otherDir, "contavia-cli"), diskerr::kOk);
+  EXPECT_FALSE(changeDataFolder(session, other));
+  ASSERT_EQ(prompter.messages.size(), 1U);
+  EXPECT_TRUE(prompter.messages[0].text.starts_with("L'archivio in " + other +
+                                                    "/ è già in uso (contavia-cli, processo "))
+      << prompter.messages[0].text;
+  EXPECT_EQ(session.dir().folder(), folder.path());
+  // Once it is free the change goes, and the first folder is free for others.
+  elsewhere.release();
+  EXPECT_TRUE(changeDataFolder(session, other));
+  FolderLock first;
+  EXPECT_EQ(first.take(DataDirectory(files, folder.path()), "contavia-cli"), diskerr::kOk);
 }
 
 }  // namespace

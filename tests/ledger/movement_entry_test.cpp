@@ -337,5 +337,36 @@ TEST_F(EntryTest, OpeningSetsTheFilterDatesAndTheFilterStaysAfterASave) {
   EXPECT_EQ(entry->list().lines.back(), " Nr. Movimenti: 6");
 }
 
+TEST_F(EntryTest, RewrittenMovementsKeepTheBytesNoOperationAssigns) {
+  // Zero bytes in the document and the linked fields, as a record the program never completed.
+  std::vector<Bytes> records;
+  for (int n = 1; n <= 3; ++n) {
+    Bytes r = test::movementRecord({.number = n,
+                                    .date = "0" + std::to_string(n) + "/11/2026",
+                                    .causale = "STI",
+                                    .amount = 10.0 * n,
+                                    .sign = "A"});
+    std::fill(r.begin() + 25, r.begin() + 33, 0);
+    std::fill(r.begin() + 65, r.end(), 0);
+    records.push_back(r);
+  }
+  test::writeTable(folder, "CC1.MOC", "CC1.MOR", records);
+  reopen();
+  ASSERT_TRUE(entry->selectMovement(1));
+  entry->row().amount = "15";
+  ASSERT_TRUE(entry->save());
+  ASSERT_TRUE(entry->selectMovement(2));
+  prompter.answer({Answer::Ok});
+  ASSERT_TRUE(entry->deleteSelected());
+  // Movement 1: only its amount; the former movement 3: only its number.
+  Bytes first = records[0];
+  const Bytes amount = test::f64(15);
+  std::copy(amount.begin(), amount.end(), first.begin() + 17);
+  Bytes third = records[2];
+  third[0] = 2;
+  EXPECT_EQ(movementBytes(1), first);
+  EXPECT_EQ(movementBytes(2), third);
+}
+
 }  // namespace
 }  // namespace contavia

@@ -88,7 +88,7 @@ TEST_F(AccountsTest, AChangeToAVanishedCategoryKeepsTheGroupItHad) {
 }
 
 TEST_F(AccountsTest, TheChecksOfOkInTheirOrder) {
-  writeAccounts({"AB"});
+  writeAccounts({"AB", "Per\xF9"});
   Session session = startedSession();
   AccountsScreen screen(session);
   const auto before = test::snapshot(folder);
@@ -98,12 +98,16 @@ TEST_F(AccountsTest, TheChecksOfOkInTheirOrder) {
   EXPECT_FALSE(screen.save());
   screen.setField("CodConto", " AB");
   EXPECT_FALSE(screen.save());
+  screen.setField("CodConto", "PERÙ");  // names the same files as "Perù"
+  EXPECT_FALSE(screen.save());
   screen.setField("CodConto", "CD");
   screen.pickChoice("");
   EXPECT_FALSE(screen.save());
   EXPECT_EQ(prompter.messages,
             (std::vector<Message>{
                 errorBox("Nr. di conto obbligatorio"),
+                errorBox("Si è inserito un numero di conto già esistente, i dati inseriti non "
+                         "possono essere salvati. Cambiare il nr. di conto e riprovare."),
                 errorBox("Si è inserito un numero di conto già esistente, i dati inseriti non "
                          "possono essere salvati. Cambiare il nr. di conto e riprovare."),
                 errorBox("Si è inserito un numero di conto già esistente, i dati inseriti non "

@@ -59,7 +59,7 @@ class Opened {
     }
   }
   std::size_t read() const {
-    return accounts_   ? accounts_->table().size()
+    return accounts_  ? accounts_->table().size()
            : causali_ ? causali_->table().size()
                       : session_->account()->count();
   }

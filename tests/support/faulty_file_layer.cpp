@@ -70,7 +70,8 @@ int FaultyFileLayer::write(const std::string& path, std::uint64_t offset, const 
     return e;
   }
   if (lastChange()) {
-    real_.write(path, offset, data, crashPartialBytes_ > 0 ? std::min(crashPartialBytes_, size) : size);
+    real_.write(path, offset, data,
+                crashPartialBytes_ > 0 ? std::min(crashPartialBytes_, size) : size);
     std::_Exit(kCrashed);
   }
   if (writeFails(path)) {
