@@ -4,10 +4,12 @@
 
 BUILD ?= build
 BUILD_ASAN ?= build-asan
+BUILD_FUZZ ?= build-fuzz
+FUZZ_SECONDS ?= 3600
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: all deps configure build run test test-sanitize lint format bench clean
+.PHONY: all deps configure build run test test-sanitize fuzz fuzz-short lint format bench clean
 
 all: build
 
@@ -33,6 +35,19 @@ test-sanitize: deps
 	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
 	  ctest --test-dir $(BUILD_ASAN) --output-on-failure -j $(JOBS)
 
+# The fuzzer of the archive (libFuzzer, clang): FUZZ_SECONDS long, its corpus kept in
+# $(BUILD_FUZZ)/corpus from one run to the next. `fuzz-short` is the minute the CI runs.
+fuzz: deps
+	cmake -S . -B $(BUILD_FUZZ) -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	  -DCONTAVIA_FUZZ=ON -DCONTAVIA_UI=OFF -DCONTAVIA_BENCH=OFF -DCONTAVIA_TESTS=OFF
+	cmake --build $(BUILD_FUZZ) -j $(JOBS) --target archive_fuzzer
+	mkdir -p $(BUILD_FUZZ)/corpus
+	$(BUILD_FUZZ)/bin/archive_fuzzer -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 \
+	  $(BUILD_FUZZ)/corpus
+
+fuzz-short:
+	$(MAKE) fuzz FUZZ_SECONDS=60
+
 # clang-tidy on the core (no Qt in it).
 lint: configure
 	./scripts/lint.sh $(BUILD)
@@ -44,4 +59,4 @@ bench: build
 	./scripts/bench.sh $(BUILD)
 
 clean:
-	rm -rf $(BUILD) $(BUILD_ASAN)
+	rm -rf $(BUILD) $(BUILD_ASAN) $(BUILD_FUZZ)

@@ -71,7 +71,8 @@ Damage spellingDamage(const DataDirectory& dir, std::initializer_list<std::strin
       std::sort(spellings.begin(), spellings.end());
       std::string listed;
       for (const std::string& s : spellings) {
-        listed += (listed.empty() ? "" : ", ") + s;
+        listed += listed.empty() ? "" : ", ";
+        listed += s;
       }
       return {"Archivio danneggiato: il file " + name + " c'è con più grafie (" + listed +
                   "); non si possono registrare modifiche finché ne resta più di uno.",

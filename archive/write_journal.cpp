@@ -97,9 +97,13 @@ bool decodeEntry(const std::uint8_t* data, std::size_t size, JournalEntry& entry
   if (!in.u8(kind) || !in.text(entry.name)) {
     return false;
   }
+  // Only files of the folder itself: a damaged journal never reaches outside it.
+  if (!isSafeFileName(entry.name)) {
+    return false;
+  }
   if (kind == JournalEntry::Remove) {
     entry.kind = JournalEntry::Remove;
-    return in.text(entry.parkedName) && in.atEnd();
+    return in.text(entry.parkedName) && in.atEnd() && isSafeFileName(entry.parkedName);
   }
   std::uint8_t existed = 0;
   entry.kind = JournalEntry::Write;

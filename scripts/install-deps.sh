@@ -7,7 +7,7 @@ packages=(
   cmake ninja-build g++ make pkg-config
   qt6-base-dev qt6-base-dev-tools libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  clang-format clang-tidy
+  clang-format clang-tidy clang libclang-rt-dev
   fonts-liberation fonts-dejavu-core
   xvfb xauth xdotool imagemagick poppler-utils
 )
