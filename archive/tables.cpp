@@ -58,25 +58,40 @@ CountedRecords readCountedRecords(FileLayer& files, const std::string& countPath
   return result;
 }
 
+namespace {
+
+// The names of the folder that are `name` in another letter case, sorted.
+std::vector<std::string> spellingsOf(const std::vector<std::string>& present,
+                                     const std::string& name) {
+  std::vector<std::string> spellings;
+  for (const std::string& p : present) {
+    if (equalsIgnoringCase(p, name)) {
+      spellings.push_back(p);
+    }
+  }
+  std::sort(spellings.begin(), spellings.end());
+  return spellings;
+}
+
+Damage spelledTwice(const std::string& name, const std::vector<std::string>& spellings) {
+  std::string listed;
+  for (const std::string& s : spellings) {
+    listed += listed.empty() ? "" : ", ";
+    listed += s;
+  }
+  return {"Archivio danneggiato: il file " + name + " c'è con più grafie (" + listed +
+              "); non si possono registrare modifiche finché ne resta più di uno.",
+          name};
+}
+
+}  // namespace
+
 Damage spellingDamage(const DataDirectory& dir, std::initializer_list<std::string> names) {
   const std::vector<std::string> present = dir.fileNames();
   for (const std::string& name : names) {
-    std::vector<std::string> spellings;
-    for (const std::string& p : present) {
-      if (equalsIgnoringCase(p, name)) {
-        spellings.push_back(p);
-      }
-    }
-    if (spellings.size() > 1) {
-      std::sort(spellings.begin(), spellings.end());
-      std::string listed;
-      for (const std::string& s : spellings) {
-        listed += listed.empty() ? "" : ", ";
-        listed += s;
-      }
-      return {"Archivio danneggiato: il file " + name + " c'è con più grafie (" + listed +
-                  "); non si possono registrare modifiche finché ne resta più di uno.",
-              name};
+    if (const std::vector<std::string> spellings = spellingsOf(present, name);
+        spellings.size() > 1) {
+      return spelledTwice(name, spellings);
     }
   }
   return {};
