@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <iterator>
+#include <optional>
 
 #include "frame/two_digit_years.h"
 #include "ledger/clear_movements.h"
@@ -67,14 +69,8 @@ Snapshot archiveState(const test::TempFolder& folder) {
   return state;
 }
 
-template <class Screen>
-bool onScreen(Session& s, const std::function<bool(Screen&)>& act) {
-  Screen screen(s);
-  return act(screen);
-}
-
 struct Operation {
-  const char* name;
+  std::string name;
   bool onAccount;  // works on CC1, the working account
   std::function<bool(Session&)> run;
 };
@@ -90,111 +86,65 @@ bool saveMovement(Session& s, std::size_t selected, const char* amount) {
   return entry.save();
 }
 
-const std::vector<Operation> kOperations = {
-    {"new movement", true, [](Session& s) { return saveMovement(s, 0, "75"); }},
-    {"changed movement", true, [](Session& s) { return saveMovement(s, 3, "1234,5"); }},
-    {"deleted movement", true,
-     [](Session& s) {
-       MovementEntry entry(s);
-       entry.open();
-       return entry.selectMovement(2) && entry.deleteSelected();
-     }},
-    {"Cancella movimenti", true, [](Session& s) { return clearAccountMovements(s); }},
-    {"Riordina archivio", true, [](Session& s) { return reorderTwoDigitYears(s); }},
-    {"new causale", false,
-     [](Session& s) {
-       return onScreen<CausaliScreen>(s, [](CausaliScreen& c) {
-         c.setField(CausaliScreen::kCode, "BON");
-         c.setField(CausaliScreen::kDescription, "Bonifico");
-         c.setField(CausaliScreen::kSign, "A");
-         return c.save();
-       });
-     }},
-    {"changed causale", false,
-     [](Session& s) {
-       return onScreen<CausaliScreen>(s, [](CausaliScreen& c) {
-         c.chooseRow(1);
-         c.setField(CausaliScreen::kDescription, "Affitto casa");
-         return c.save();
-       });
-     }},
-    {"deleted causale", false,
-     [](Session& s) {
-       return onScreen<CausaliScreen>(s, [](CausaliScreen& c) {
-         c.chooseRow(2);
-         return c.remove();
-       });
-     }},
-    {"new group", false,
-     [](Session& s) {
-       return onScreen<GroupsScreen>(s, [](GroupsScreen& g) {
-         g.setField(GroupsScreen::kCode, "AZ");
-         g.setField(GroupsScreen::kDescription, "Aziende");
-         return g.save();
-       });
-     }},
-    {"changed group", false,
-     [](Session& s) {
-       return onScreen<GroupsScreen>(s, [](GroupsScreen& g) {
-         g.chooseRow(0);
-         g.setField(GroupsScreen::kDescription, "Famiglia");
-         return g.save();
-       });
-     }},
-    {"deleted group", false,
-     [](Session& s) {
-       return onScreen<GroupsScreen>(s, [](GroupsScreen& g) {
-         g.chooseRow(2);
-         return g.remove();
-       });
-     }},
-    {"new category", false,
-     [](Session& s) {
-       return onScreen<CategoriesScreen>(s, [](CategoriesScreen& c) {
-         c.setField(CategoriesScreen::kCode, "MU");
-         c.setField(CategoriesScreen::kDescription, "Mutui");
-         return c.pickChoice("Altro") && c.save();
-       });
-     }},
-    {"changed category", false,
-     [](Session& s) {
-       return onScreen<CategoriesScreen>(s, [](CategoriesScreen& c) {
-         c.chooseRow(1);
-         c.setField(CategoriesScreen::kDescription, "Carte di credito");
-         return c.save();
-       });
-     }},
-    {"deleted category", false,
-     [](Session& s) {
-       return onScreen<CategoriesScreen>(s, [](CategoriesScreen& c) {
-         c.chooseRow(2);
-         return c.remove();
-       });
-     }},
-    {"new account", false,
-     [](Session& s) {
-       return onScreen<AccountsScreen>(s, [](AccountsScreen& a) {
-         a.setField(AccountsScreen::kCode, "CC3");
-         a.setField(AccountsScreen::kName, "Risparmi");
-         return a.pickChoice("Banche") && a.save();
-       });
-     }},
-    {"changed account", false,
-     [](Session& s) {
-       return onScreen<AccountsScreen>(s, [](AccountsScreen& a) {
-         a.chooseRow(2);
-         a.setField(AccountsScreen::kName, "Posta italiana");
-         return a.save();
-       });
-     }},
-    {"deleted account with its files", false,
-     [](Session& s) {
-       return onScreen<AccountsScreen>(s, [](AccountsScreen& a) {
-         a.chooseRow(0);
-         return a.remove();
-       });
-     }},
-};
+using Fields = std::vector<std::pair<const char*, const char*>>;
+
+// "ok" on a master screen after typing `fields` ("Combo1" picked by name), on row `row` when
+// given; or "del" on that row.
+template <class Screen>
+Operation onScreen(std::string name, std::optional<std::size_t> row, Fields fields,
+                   bool remove = false) {
+  return {std::move(name), false, [=](Session& s) {
+            Screen screen(s);
+            if (row) {
+              screen.chooseRow(*row);
+            }
+            for (const auto& [field, value] : fields) {
+              if (std::string_view(field) == kChoiceField ? !screen.pickChoice(value)
+                                                          : !screen.setField(field, value)) {
+                return false;
+              }
+            }
+            return remove ? screen.remove() : screen.save();
+          }};
+}
+
+template <class Screen>
+std::vector<Operation> addChangeDelete(const std::string& what, Fields added, Fields changedRow1,
+                                       std::size_t deletedRow) {
+  return {onScreen<Screen>("new " + what, std::nullopt, std::move(added)),
+          onScreen<Screen>("changed " + what, 1, std::move(changedRow1)),
+          onScreen<Screen>("deleted " + what, deletedRow, {}, true)};
+}
+
+std::vector<Operation> operations() {
+  std::vector<Operation> all = {
+      {"new movement", true, [](Session& s) { return saveMovement(s, 0, "75"); }},
+      {"changed movement", true, [](Session& s) { return saveMovement(s, 3, "1234,5"); }},
+      {"deleted movement", true,
+       [](Session& s) {
+         MovementEntry entry(s);
+         entry.open();
+         return entry.selectMovement(2) && entry.deleteSelected();
+       }},
+      {"Cancella movimenti", true, [](Session& s) { return clearAccountMovements(s); }},
+      {"Riordina archivio", true, [](Session& s) { return reorderTwoDigitYears(s); }}};
+  for (std::vector<Operation> more :
+       {addChangeDelete<CausaliScreen>(
+            "causale", {{"CodCausale", "BON"}, {"DescCausale", "Bonifico"}, {"DarAver", "A"}},
+            {{"DescCausale", "Affitto casa"}}, 2),
+        addChangeDelete<GroupsScreen>("group", {{"CodGruppi", "AZ"}, {"DescGruppi", "Aziende"}},
+                                      {{"DescGruppi", "Famiglia"}}, 2),
+        addChangeDelete<CategoriesScreen>(
+            "category", {{"CodCausale", "MU"}, {"DescCausale", "Mutui"}, {"Combo1", "Altro"}},
+            {{"DescCausale", "Carte di credito"}}, 2),
+        // Deleting CC1 takes the files of CC10 too.
+        addChangeDelete<AccountsScreen>(
+            "account", {{"CodConto", "CC3"}, {"NomeConto", "Risparmi"}, {"Combo1", "Banche"}},
+            {{"NomeConto", "Posta italiana"}}, 0)}) {
+    std::move(more.begin(), more.end(), std::back_inserter(all));
+  }
+  return all;
+}
 
 class CrashTest : public ::testing::Test {
  protected:
@@ -237,7 +187,8 @@ class CrashTest : public ::testing::Test {
 
 TEST_F(CrashTest, AStopAtAnyChangeLeavesTheArchiveBeforeOrAfterTheOperation) {
   int cases = 0;
-  for (const Operation& op : kOperations) {
+  const std::vector<Operation> all = operations();
+  for (const Operation& op : all) {
     SCOPED_TRACE(op.name);
     test::TempFolder before;
     writeArchive(before);
@@ -265,9 +216,8 @@ TEST_F(CrashTest, AStopAtAnyChangeLeavesTheArchiveBeforeOrAfterTheOperation) {
       }
     }
   }
-  std::cout << "[ crash test ] " << kOperations.size() << " operations, " << cases
-            << " stops checked\n";
-  EXPECT_GT(cases, 10 * static_cast<int>(kOperations.size()));
+  std::cout << "[ crash test ] " << all.size() << " operations, " << cases << " stops checked\n";
+  EXPECT_GT(cases, 10 * static_cast<int>(all.size()));
 }
 
 }  // namespace
