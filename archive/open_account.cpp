@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "archive/account_totals.h"
 #include "archive/record_file.h"
 #include "archive/tables.h"
 #include "common/dates.h"
@@ -241,12 +242,7 @@ void OpenAccount::writeTotals(const ExactBalances& balances) {
   if (damage_.readOnly()) {
     return;
   }
-  // The stored totals are derived data: a failed write is taken back and skipped, the next
-  // recompute mends it.
-  WriteJournal journal(*dir_);
-  journal.record(filePath(filename::kTotals), 1,
-                 Totals{balances.today, balances.total, selectionFrom_, selectionTo_});
-  journal.finish();
+  storeTotals(dir_->files(), filePath(filename::kTotals), balances, selectionFrom_, selectionTo_);
 }
 
 }  // namespace contavia

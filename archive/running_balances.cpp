@@ -45,11 +45,11 @@ bool ExactBalances::fitsWholeUnits() const {
   return roundHalfEven(today).has_value() && roundHalfEven(total).has_value();
 }
 
-void BalanceRecompute::add(const Movement& m) {
-  const bool credit = isCredit(m.sign);
-  (credit ? creditsAll_ : debitsAll_) += m.amount;
-  if (dateKey(m.operationDate) <= todayKey_) {
-    (credit ? creditsToday_ : debitsToday_) += m.amount;
+void BalanceRecompute::add(std::string_view sign, double amount, std::string_view date) {
+  const bool credit = isCredit(sign);
+  (credit ? creditsAll_ : debitsAll_) += amount;
+  if (dateKey(date) <= todayKey_) {
+    (credit ? creditsToday_ : debitsToday_) += amount;
   }
 }
 

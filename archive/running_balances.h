@@ -44,7 +44,8 @@ struct ExactBalances {
 class BalanceRecompute {
  public:
   explicit BalanceRecompute(std::int32_t todayKey) : todayKey_(todayKey) {}
-  void add(const Movement& m);
+  void add(const Movement& m) { add(m.sign, m.amount, m.operationDate); }
+  void add(std::string_view sign, double amount, std::string_view date);
   ExactBalances result(std::int32_t carryAmount) const;
 
  private:

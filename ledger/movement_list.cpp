@@ -13,6 +13,7 @@
 #include "common/number_masks.h"
 #include "common/text.h"
 #include "ledger/causale_index.h"
+#include "ledger/text_order.h"
 
 namespace contavia {
 namespace {
@@ -233,32 +234,6 @@ void addTotalsBlock(std::vector<std::string>& keyed, const BuilderStyle& s,
   keyed.push_back(key8(kKeyCount) + " Nr. Movimenti: " + std::to_string(listed));
 }
 
-// The order of the keyed lines sorted as text, character by character. The lines are compared
-// by their first 24 characters (key, date, number) held side by side, and whole only when those
-// are equal, which keeps 10,000 lines quick to sort.
-std::vector<std::uint32_t> sortedAsText(const std::vector<std::string>& keyed) {
-  constexpr std::size_t kPrefix = 24;
-  struct Entry {
-    // Zeros past the end of a shorter line sort it first, as a shorter text.
-    std::array<unsigned char, kPrefix> prefix{};
-    std::uint32_t index = 0;
-  };
-  std::vector<Entry> entries(keyed.size());
-  for (std::size_t i = 0; i < keyed.size(); ++i) {
-    std::memcpy(entries[i].prefix.data(), keyed[i].data(), std::min(kPrefix, keyed[i].size()));
-    entries[i].index = static_cast<std::uint32_t>(i);
-  }
-  std::sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
-    const int byPrefix = std::memcmp(a.prefix.data(), b.prefix.data(), kPrefix);
-    return byPrefix != 0 ? byPrefix < 0 : keyed[a.index] < keyed[b.index];
-  });
-  std::vector<std::uint32_t> order(entries.size());
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    order[i] = entries[i].index;
-  }
-  return order;
-}
-
 }  // namespace
 
 std::string movementListHeading() {
@@ -308,7 +283,7 @@ MovementList buildMovementList(const std::vector<Movement>& movements, const Car
   addTotalsBlock(keyed, style, totals, outOfList, listed);
 
   list.lines.reserve(keyed.size());
-  for (const std::uint32_t i : sortedAsText(keyed)) {
+  for (const std::uint32_t i : orderAsText(keyed)) {
     std::string& line = keyed[i];
     line.erase(0, kKeyWidth);
     list.lines.push_back(std::move(line));

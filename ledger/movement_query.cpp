@@ -1,0 +1,122 @@
+#include "ledger/movement_query.h"
+
+#include "archive/tables.h"
+#include "common/dates.h"
+#include "common/number_masks.h"
+#include "common/text.h"
+#include "ledger/causale_index.h"
+#include "ledger/text_order.h"
+
+namespace contavia {
+namespace {
+
+constexpr const char* kAmountMask = "##,###,##0.00";
+constexpr std::size_t kAmountWidth = 13;
+
+std::string amountText(double amount, std::size_t width = kAmountWidth) {
+  return padLeft(formatNumber(amount, kAmountMask), width);
+}
+
+// The key: 1000000 less the date's key (newest first, as in the account's own list), cut or
+// padded to 7 characters.
+std::string sortKey(const std::string& date) {
+  return padRight(std::to_string(1000000 - static_cast<std::int64_t>(dateKey(date))), 7);
+}
+
+// A movement's row: the columns of the printed list's heading, after the key.
+std::string rowOf(const Movement& m, const std::string& causale, const std::string& account) {
+  std::string row = sortKey(m.operationDate);
+  row += padRight(m.operationDate, 10) + " ";
+  row += padRight(formatNumber(m.movementNumber, "0000"), 4) + " ";
+  const std::string amount = amountText(m.amount);
+  const bool debit = trim(m.sign) == "D";
+  row += debit ? amount + std::string(kAmountWidth, ' ') : std::string(kAmountWidth, ' ') + amount;
+  row += " " + padRight(causale, 13);
+  row += padRight(trim(m.linkedMovementNumber), 9);
+  row += padRight(m.description, 22) + " ";
+  row += trim(account);
+  return row;
+}
+
+void addClosingRows(QueryResult& result) {
+  const std::string dashes = std::string(94, '-');
+  result.rows.push_back(padRight("99996", 7) + dashes);
+  result.rows.push_back(padRight("99997", 7) + " Totali        " + amountText(result.debits, 14) +
+                        amountText(result.credits));
+  result.rows.push_back(padRight("99998", 7) + dashes);
+  result.rows.push_back(padRight("99999", 7) + " Saldo         " +
+                        amountText(result.credits - result.debits, 14));
+  result.rows.push_back(padRight("999999", 7) + " Nr. Movimenti: " + std::to_string(result.count));
+}
+
+// A typed date split as the date routine takes it.
+bool dateAccepted(const std::string& text, Prompter& prompter) {
+  const std::string t = trim(text);
+  if (t.empty() || t == "__/__/____") {
+    prompter.show(errorBox("Campo data operazione obbligatorio"));
+    return false;
+  }
+  bool ok = true;
+  validateDate(static_cast<int>(val(leftChars(t, 2))), static_cast<int>(val(midChars(t, 3, 2))),
+               static_cast<int>(val(midChars(t, 6, 4))), ok, prompter);
+  return ok;
+}
+
+}  // namespace
+
+bool filterPasses(const std::string& filter, const std::string& value) {
+  return trimRight(filter) == trimRight(kEverything) || trimRight(filter) == trimRight(value);
+}
+
+bool queryDatesAccepted(const QueryFilter& filter, Prompter& prompter) {
+  return dateAccepted(filter.from, prompter) && dateAccepted(filter.to, prompter);
+}
+
+QueryResult runMovementQuery(const DataDirectory& dir, const std::vector<Account>& accounts,
+                             const std::vector<Causale>& causali, const QueryFilter& filter) {
+  const std::int32_t from = dateKey(filter.from);
+  const std::int32_t to = dateKey(filter.to);
+  const CausaleIndex index(causali);
+  QueryResult result;
+  for (const Account& a : accounts) {
+    const std::string code = trim(a.accountCode);
+    if (!filterPasses(filter.group, trim(a.groupName)) ||
+        !filterPasses(filter.category, trim(a.categoryName)) || !isSafeFileName(code)) {
+      continue;
+    }
+    const CountedRecords counted = readCountedRecords(
+        dir.files(), dir.path(code + filename::kMovementCount),
+        dir.path(code + filename::kMovements), Movement::kLength, Movement::kCapacity,
+        {code + filename::kMovementCount, code + filename::kMovements, "movimenti"});
+    for (std::size_t i = 0; i < counted.count; ++i) {
+      const Movement m = decodeRecord<Movement>(counted.bytes.data() + i * Movement::kLength);
+      const std::int32_t key = dateKey(m.operationDate);
+      const Causale* c = index.find(m.causaleCode);
+      const std::string causale = c != nullptr ? trim(c->causaleDescription) : trim(m.causaleCode);
+      if (key < from || key > to || !filterPasses(filter.causale, causale)) {
+        continue;
+      }
+      (trim(m.sign) == "D" ? result.debits : result.credits) += m.amount;
+      ++result.count;
+      result.rows.push_back(rowOf(m, causale, code));
+    }
+  }
+  addClosingRows(result);
+  std::vector<std::string> sorted;
+  sorted.reserve(result.rows.size());
+  for (const std::uint32_t i : orderAsText(result.rows)) {
+    sorted.push_back(std::move(result.rows[i]));
+  }
+  result.rows = std::move(sorted);
+  return result;
+}
+
+std::vector<std::string> filterItems(const std::vector<std::string>& descriptions) {
+  std::vector<std::string> items{kEverything};
+  for (const std::string& d : descriptions) {
+    items.push_back(trimRight(d));
+  }
+  return items;
+}
+
+}  // namespace contavia

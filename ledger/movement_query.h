@@ -1,0 +1,50 @@
+#pragma once
+// The movement query (`Form3`): over every account that passes the group and category filters,
+// the movements dated from `dal` to `al` (both included) whose causale passes the causale filter,
+// one row each, newest first, then the closing rows with the totals. Each row begins with the
+// 7-character key it is sorted by.
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "archive/data_directory.h"
+#include "archive/records.h"
+#include "common/prompter.h"
+
+namespace contavia {
+
+// The first item of every filter: it lets everything pass.
+inline constexpr const char* kEverything = " Tutte";
+
+struct QueryFilter {
+  std::string from;                    // `dal`, "dd/mm/yyyy"
+  std::string to;                      // `al`
+  std::string group = kEverything;     // `Combo1`: a group description
+  std::string category = kEverything;  // `Combo3`: a category description
+  std::string causale = kEverything;   // `Combo2`: a causale description
+};
+
+// Whether a filter lets `value` pass: " Tutte" lets everything pass, any other choice only the
+// same text (both compared without their trailing blanks).
+bool filterPasses(const std::string& filter, const std::string& value);
+
+struct QueryResult {
+  std::vector<std::string> rows;  // as `lista` shows them, closing rows included
+  std::size_t count = 0;          // movements listed
+  double debits = 0.0;            // "D" movements
+  double credits = 0.0;           // the others
+};
+
+// The checks of `saldi` before the query: a date left empty ("Campo data operazione
+// obbligatorio") and then the date rules. False after the message.
+bool queryDatesAccepted(const QueryFilter& filter, Prompter& prompter);
+
+// Runs the query. The account files are read, never written.
+QueryResult runMovementQuery(const DataDirectory& dir, const std::vector<Account>& accounts,
+                             const std::vector<Causale>& causali, const QueryFilter& filter);
+
+// The items of the filters: " Tutte", then every description in table order.
+std::vector<std::string> filterItems(const std::vector<std::string>& descriptions);
+
+}  // namespace contavia

@@ -1,0 +1,94 @@
+#include "ledger/summaries.h"
+
+#include "archive/account_totals.h"
+#include "common/number_masks.h"
+#include "common/text.h"
+#include "ledger/movement_query.h"
+
+namespace contavia {
+namespace {
+
+constexpr const char* kShownMask = "##,###,##0.00";
+
+std::string shown(double amount) { return padLeft(formatNumber(amount, kShownMask), 14); }
+
+template <class Entry>
+std::vector<SummaryLine> summed(const std::vector<Entry>& entries, std::string Entry::*name,
+                                const std::vector<Account>& accounts,
+                                std::string Account::*accountField,
+                                const std::vector<double>& balances) {
+  std::vector<SummaryLine> lines;
+  lines.reserve(entries.size());
+  for (const Entry& e : entries) {
+    SummaryLine line{trimRight(e.*name), 0.0};
+    for (std::size_t i = 0; i < accounts.size(); ++i) {
+      if (trim(accounts[i].*accountField) == trim(e.*name)) {
+        line.total += balances[i];
+      }
+    }
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+}  // namespace
+
+std::vector<double> currentBalances(const DataDirectory& dir, const std::vector<Account>& accounts,
+                                    std::int32_t todayKey) {
+  std::vector<double> balances;
+  balances.reserve(accounts.size());
+  for (const Account& a : accounts) {
+    balances.push_back(refreshTotals(dir, a.accountCode, todayKey).total);
+  }
+  return balances;
+}
+
+std::vector<AccountSummaryLine> accountSummary(const std::vector<Account>& accounts,
+                                               const std::vector<double>& balances,
+                                               const std::string& category) {
+  std::vector<AccountSummaryLine> lines;
+  for (std::size_t i = 0; i < accounts.size(); ++i) {
+    const Account& a = accounts[i];
+    if (filterPasses(category, trim(a.categoryName))) {
+      lines.push_back({a.accountCode, a.accountName, balances[i], val(a.creditLine)});
+    }
+  }
+  return lines;
+}
+
+std::vector<SummaryLine> categorySummary(const std::vector<Category>& categories,
+                                         const std::vector<Account>& accounts,
+                                         const std::vector<double>& balances) {
+  return summed(categories, &Category::categoryName, accounts, &Account::categoryName, balances);
+}
+
+std::vector<SummaryLine> groupSummary(const std::vector<Group>& groups,
+                                      const std::vector<Account>& accounts,
+                                      const std::vector<double>& balances) {
+  return summed(groups, &Group::groupName, accounts, &Account::groupName, balances);
+}
+
+SummaryView accountsView(const std::vector<AccountSummaryLine>& lines) {
+  SummaryView view;
+  double total = 0.0;
+  for (const AccountSummaryLine& a : lines) {
+    view.rows.push_back(padRight(a.code, 10) + " " + padRight(a.name, 32) + shown(a.balance) +
+                        shown(a.creditLine) + shown(a.balance + a.creditLine));
+    total += a.balance;
+  }
+  view.total = "     Totali" + shown(total);
+  return view;
+}
+
+SummaryView totalsView(const std::vector<SummaryLine>& lines) {
+  SummaryView view;
+  double total = 0.0;
+  for (const SummaryLine& s : lines) {
+    view.rows.push_back(padRight(s.description, 25) + shown(s.total));
+    total += s.total;
+  }
+  view.total = "         Totali " + shown(total);
+  return view;
+}
+
+}  // namespace contavia

@@ -1,0 +1,40 @@
+#pragma once
+// The summary window (`Form22`): every account's current balance with its credit line and what
+// is available, and the balances summed by category and by group. A balance is the account's
+// total balance recomputed from its files (and stored in its totals record).
+
+#include <string>
+#include <vector>
+
+#include "archive/data_directory.h"
+#include "archive/records.h"
+#include "printing/summaries.h"
+
+namespace contavia {
+
+// The total balance of every account, in table order, its totals brought up to date.
+std::vector<double> currentBalances(const DataDirectory& dir, const std::vector<Account>& accounts,
+                                    std::int32_t todayKey);
+
+// The accounts that pass the category filter (" Tutte": all), with their figures.
+std::vector<AccountSummaryLine> accountSummary(const std::vector<Account>& accounts,
+                                               const std::vector<double>& balances,
+                                               const std::string& category);
+// For each category (group) in table order, the sum of the balances of the accounts that name
+// it; an account that names none adds to none.
+std::vector<SummaryLine> categorySummary(const std::vector<Category>& categories,
+                                         const std::vector<Account>& accounts,
+                                         const std::vector<double>& balances);
+std::vector<SummaryLine> groupSummary(const std::vector<Group>& groups,
+                                      const std::vector<Account>& accounts,
+                                      const std::vector<double>& balances);
+
+// What `List1` and `Totali` show of a view.
+struct SummaryView {
+  std::vector<std::string> rows;
+  std::string total;
+};
+SummaryView accountsView(const std::vector<AccountSummaryLine>& lines);
+SummaryView totalsView(const std::vector<SummaryLine>& lines);
+
+}  // namespace contavia
