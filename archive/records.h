@@ -20,17 +20,17 @@ struct Account {
   static constexpr std::size_t kCapacity = 1000;
   std::int16_t recordNumber = 0;
   std::array<std::uint8_t, 2> spare0{};
-  std::string accountCode;  // 10
+  std::string accountCode{};  // 10
   std::array<std::uint8_t, 5> spare1{};
-  std::string categoryName;  // 25
-  std::string accountName;   // 45
-  std::string bankAddress;   // 45
-  std::string bankPostCode;  // 5
-  std::string bankTown;      // 25
-  std::string bankProvince;  // 2
-  std::string creditLine;    // 15
+  std::string categoryName{};  // 25
+  std::string accountName{};   // 45
+  std::string bankAddress{};   // 45
+  std::string bankPostCode{};  // 5
+  std::string bankTown{};      // 25
+  std::string bankProvince{};  // 2
+  std::string creditLine{};    // 15
   std::array<std::uint8_t, 1> spare2{};
-  std::string groupName;  // 25
+  std::string groupName{};  // 25
 
   RecordBytes<kLength> stored{};  // the bytes the record was read from
   bool fromFile = false;          // false for a record the program creates
@@ -58,10 +58,10 @@ struct Causale {
   static constexpr std::size_t kLength = 46;
   static constexpr std::size_t kCapacity = 100;
   std::int16_t recordNumber = 0;
-  std::string causaleCode;         // 5
-  std::string causaleDescription;  // 25
-  std::string sign;                // 1: "D" or "A"
-  std::string causaleFlag;         // 1
+  std::string causaleCode{};         // 5
+  std::string causaleDescription{};  // 25
+  std::string sign{};                // 1: "D" or "A"
+  std::string causaleFlag{};         // 1
   std::array<std::uint8_t, 1> spare1{};
   std::array<std::uint8_t, 1> spare2{};
   std::array<std::uint8_t, 10> spare3{};
@@ -87,10 +87,10 @@ struct Category {
   static constexpr std::size_t kLength = 58;
   static constexpr std::size_t kCapacity = 200;
   std::int16_t recordNumber = 0;
-  std::string categoryCode;  // 5
-  std::string categoryName;  // 25
-  std::string categoryFlag;  // 1
-  std::string groupName;     // 25
+  std::string categoryCode{};  // 5
+  std::string categoryName{};  // 25
+  std::string categoryFlag{};  // 1
+  std::string groupName{};     // 25
 
   RecordBytes<kLength> stored{};  // the bytes the record was read from
   bool fromFile = false;          // false for a record the program creates
@@ -110,10 +110,10 @@ struct Group {
   static constexpr std::size_t kLength = 34;
   static constexpr std::size_t kCapacity = 100;
   std::int16_t recordNumber = 0;
-  std::string groupCode;  // 5
-  std::string groupName;  // 25
-  std::string groupMark;  // 1
-  std::string groupFlag;  // 1
+  std::string groupCode{};  // 5
+  std::string groupName{};  // 25
+  std::string groupMark{};  // 1
+  std::string groupFlag{};  // 1
 
   RecordBytes<kLength> stored{};  // the bytes the record was read from
   bool fromFile = false;          // false for a record the program creates
@@ -133,17 +133,17 @@ struct Movement {
   static constexpr std::size_t kLength = 87;
   static constexpr std::size_t kCapacity = 10000;
   std::int16_t movementNumber = 0;
-  std::string operationDate;         // 10, "dd/mm/yyyy"
-  std::string causaleCode;           // 5
+  std::string operationDate{};         // 10, "dd/mm/yyyy"
+  std::string causaleCode{};           // 5
   double amount = 0.0;               // sign given by `sign`
-  std::string documentNumber;        // 8
-  std::string description;           // 30
-  std::string sign;                  // 1: "D" or "A"
-  std::string closedFlag;            // 1: "N", or "S" once closed
-  std::string linkedAccountCode;     // 15
-  std::string linkedSpare1;          // 1
-  std::string linkedSpare2;          // 1
-  std::string linkedMovementNumber;  // 5
+  std::string documentNumber{};        // 8
+  std::string description{};           // 30
+  std::string sign{};                  // 1: "D" or "A"
+  std::string closedFlag{};            // 1: "N", or "S" once closed
+  std::string linkedAccountCode{};     // 15
+  std::string linkedSpare1{};          // 1
+  std::string linkedSpare2{};          // 1
+  std::string linkedMovementNumber{};  // 5
 
   bool operator==(const Movement&) const = default;
 
@@ -172,8 +172,8 @@ struct Totals {
   static constexpr std::size_t kLength = 36;
   double balanceToday = 0.0;
   double balanceTotal = 0.0;
-  std::string selectionFrom;  // 10
-  std::string selectionTo;    // 10
+  std::string selectionFrom{};  // 10
+  std::string selectionTo{};    // 10
 
   RecordBytes<kLength> stored{};  // the bytes the record was read from
   bool fromFile = false;          // false for a record the program creates
@@ -190,7 +190,7 @@ struct Totals {
 // code + ".RIP", 14 bytes, record 1.
 struct CarryForward {
   static constexpr std::size_t kLength = 14;
-  std::string carryDate;  // 10; blank before the first closing
+  std::string carryDate{};  // 10; blank before the first closing
   std::int32_t carryAmount = 0;
 
   RecordBytes<kLength> stored{};  // the bytes the record was read from
@@ -206,9 +206,9 @@ struct CarryForward {
 // code + ".chi", 29 bytes, record 1.
 struct ClosingUndo {
   static constexpr std::size_t kLength = 29;
-  std::string previousCarryDate;  // 10
+  std::string previousCarryDate{};  // 10
   std::int32_t previousCarryAmount = 0;
-  std::string closedAccountCode;  // 15
+  std::string closedAccountCode{};  // 15
 
   RecordBytes<kLength> stored{};  // the bytes the record was read from
   bool fromFile = false;          // false for a record the program creates
