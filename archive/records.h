@@ -135,7 +135,7 @@ struct Movement {
   std::int16_t movementNumber = 0;
   std::string operationDate{};         // 10, "dd/mm/yyyy"
   std::string causaleCode{};           // 5
-  double amount = 0.0;               // sign given by `sign`
+  double amount = 0.0;                 // sign given by `sign`
   std::string documentNumber{};        // 8
   std::string description{};           // 30
   std::string sign{};                  // 1: "D" or "A"

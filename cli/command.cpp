@@ -77,6 +77,14 @@ bool Arguments::flag(const std::string& name) const {
   return std::find(flags_.begin(), flags_.end(), name) != flags_.end();
 }
 
+Arguments Arguments::shifted() const {
+  Arguments rest = *this;
+  if (!rest.positional_.empty()) {
+    rest.positional_.erase(rest.positional_.begin());
+  }
+  return rest;
+}
+
 void Arguments::expectAtMost(std::size_t max) const {
   if (positional_.size() > max) {
     throw UsageError("argomento in più: " + positional_[max]);

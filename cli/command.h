@@ -36,6 +36,8 @@ class Arguments {
   bool flag(const std::string& name) const;
   // Refuses more positional arguments than `max`.
   void expectAtMost(std::size_t max) const;
+  // The same arguments without the first positional one (a command that names a subcommand).
+  Arguments shifted() const;
 
  private:
   std::vector<std::string> positional_;

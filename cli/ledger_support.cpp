@@ -1,5 +1,6 @@
 #include "cli/ledger_support.h"
 
+#include <algorithm>
 #include <ostream>
 
 #include "common/key_rules.h"
@@ -50,6 +51,39 @@ int abandonChange(Context& c, MovementEntry& entry) {
   entry.abandon();
   c.session.account()->recompute();
   return kExitStopped;
+}
+
+std::unique_ptr<MovementEntry> listedMovements(Context& c, const Arguments& args) {
+  const std::string& code = args.positional(0, "CONTO");
+  const auto from = args.dateOption("dal");
+  const auto to = args.dateOption("al");
+  auto causale = args.option("causale");
+  if (causale) {
+    causale = trim(*causale) == trim(kAllCausali) ? kAllCausali : trim(*causale);
+  }
+  if (!c.session.start()) {
+    return nullptr;
+  }
+  if (causale) {
+    const auto items = causaleSelectorItems(c.session.tables().causali);
+    if (std::find(items.begin(), items.end(), *causale) == items.end()) {
+      throw UsageError("causale sconosciuta: \"" + *causale +
+                       "\" (la descrizione come in 'contavia-cli causali', oppure \" TUTTE\")");
+    }
+  }
+  if (!c.session.openAccountByCode(code)) {
+    return nullptr;
+  }
+  auto entry = std::make_unique<MovementEntry>(c.session);
+  entry->open();
+  if (from || to || causale) {
+    ListFilter& filter = entry->filter();
+    filter.from = from.value_or("");
+    filter.to = to.value_or("");
+    filter.causale = causale.value_or(kAllCausali);
+    entry->applyFilter();
+  }
+  return entry;
 }
 
 void printLines(std::ostream& out, const std::vector<std::string>& lines) {

@@ -3,6 +3,7 @@
 // choosing a movement by its number, printing the lines of a list.
 
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,11 @@ bool selectMovementOrStop(Context& c, MovementEntry& entry, int number);
 // balances recomputed from the files, as choosing the account again would. Returns the exit
 // status of a stopped action.
 int abandonChange(Context& c, MovementEntry& entry);
+
+// The movement list of account CONTO (the first argument), as `movimenti` and `stampa movimenti`
+// take it: with a filter option (--dal, --al, --causale) the filtered list. Null (after the
+// message) when the account is not there; a usage error for an unknown causale.
+std::unique_ptr<MovementEntry> listedMovements(Context& c, const Arguments& args);
 
 // One line each, trailing blanks dropped.
 void printLines(std::ostream& out, const std::vector<std::string>& lines);

@@ -45,6 +45,7 @@ class MovementEntry {
   const MovementList& list() const { return list_; }
   std::vector<std::string> causaleSelector() const;
   ListFilter& filter() { return filter_; }
+  const ListFilter& filter() const { return filter_; }
   // 0 in the New state; the number of the movement being changed otherwise.
   std::size_t selectedIndex() const { return selected_; }
   bool deleteEnabled() const { return selected_ != 0; }

@@ -72,13 +72,19 @@ bool queryDatesAccepted(const QueryFilter& filter, Prompter& prompter) {
   return dateAccepted(filter.from, prompter) && dateAccepted(filter.to, prompter);
 }
 
-QueryResult runMovementQuery(const DataDirectory& dir, const std::vector<Account>& accounts,
-                             const std::vector<Causale>& causali, const QueryFilter& filter) {
+QueryResult runMovementQuery(
+    const DataDirectory& dir, const std::vector<Account>& accounts,
+    const std::vector<Causale>& causali, const QueryFilter& filter,
+    const std::function<void(std::size_t done, std::size_t total)>& progress) {
+  std::size_t done = 0;
   const std::int32_t from = dateKey(filter.from);
   const std::int32_t to = dateKey(filter.to);
   const CausaleIndex index(causali);
   QueryResult result;
   for (const Account& a : accounts) {
+    if (progress) {
+      progress(done++, accounts.size());
+    }
     const std::string code = trim(a.accountCode);
     if (!filterPasses(filter.group, trim(a.groupName)) ||
         !filterPasses(filter.category, trim(a.categoryName)) || !isSafeFileName(code)) {

@@ -5,6 +5,7 @@
 // 7-character key it is sorted by.
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -40,9 +41,12 @@ struct QueryResult {
 // obbligatorio") and then the date rules. False after the message.
 bool queryDatesAccepted(const QueryFilter& filter, Prompter& prompter);
 
-// Runs the query. The account files are read, never written.
-QueryResult runMovementQuery(const DataDirectory& dir, const std::vector<Account>& accounts,
-                             const std::vector<Causale>& causali, const QueryFilter& filter);
+// Runs the query. The account files are read, never written. `progress` hears of each account
+// done (for a long archive).
+QueryResult runMovementQuery(
+    const DataDirectory& dir, const std::vector<Account>& accounts,
+    const std::vector<Causale>& causali, const QueryFilter& filter,
+    const std::function<void(std::size_t done, std::size_t total)>& progress = {});
 
 // The items of the filters: " Tutte", then every description in table order.
 std::vector<std::string> filterItems(const std::vector<std::string>& descriptions);

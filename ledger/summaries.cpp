@@ -1,6 +1,8 @@
 #include "ledger/summaries.h"
 
 #include "archive/account_totals.h"
+#include "archive/tables.h"
+#include "common/dates.h"
 #include "common/number_masks.h"
 #include "common/text.h"
 #include "ledger/movement_query.h"
@@ -33,12 +35,16 @@ std::vector<SummaryLine> summed(const std::vector<Entry>& entries, std::string E
 
 }  // namespace
 
-std::vector<double> currentBalances(const DataDirectory& dir, const std::vector<Account>& accounts,
-                                    std::int32_t todayKey) {
+std::vector<double> currentBalances(
+    const DataDirectory& dir, const std::vector<Account>& accounts, std::int32_t todayKey,
+    const std::function<void(std::size_t done, std::size_t total)>& progress) {
   std::vector<double> balances;
   balances.reserve(accounts.size());
   for (const Account& a : accounts) {
     balances.push_back(refreshTotals(dir, a.accountCode, todayKey).total);
+    if (progress) {
+      progress(balances.size(), accounts.size());
+    }
   }
   return balances;
 }
@@ -89,6 +95,47 @@ SummaryView totalsView(const std::vector<SummaryLine>& lines) {
   }
   view.total = "         Totali " + shown(total);
   return view;
+}
+
+Summaries::Summaries(const Session& session, const Progress& progress)
+    : accounts_(session.tables().accounts),
+      categories_(session.tables().categories),
+      groups_(loadTable<Group>(session.dir(), kGroupTable).records),
+      date_(formatDateDashed(session.clock().today())) {
+  balances_ =
+      currentBalances(session.dir(), accounts_, dateKey(session.clock().todayText()), progress);
+}
+
+std::vector<std::string> Summaries::categoryItems() const {
+  std::vector<std::string> names;
+  for (const Category& c : categories_) {
+    names.push_back(c.categoryName);
+  }
+  return filterItems(names);
+}
+
+SummaryView Summaries::view(SummaryKind kind, const std::string& category) const {
+  switch (kind) {
+    case SummaryKind::Categories:
+      return totalsView(categorySummary(categories_, accounts_, balances_));
+    case SummaryKind::Groups:
+      return totalsView(groupSummary(groups_, accounts_, balances_));
+    case SummaryKind::Accounts:
+      break;
+  }
+  return accountsView(accountSummary(accounts_, balances_, category));
+}
+
+Report Summaries::report(SummaryKind kind, const std::string& category) const {
+  switch (kind) {
+    case SummaryKind::Categories:
+      return categorySummaryReport(categorySummary(categories_, accounts_, balances_), date_);
+    case SummaryKind::Groups:
+      return groupSummaryReport(groupSummary(groups_, accounts_, balances_), date_);
+    case SummaryKind::Accounts:
+      break;
+  }
+  return accountSummaryReport(accountSummary(accounts_, balances_, category), category, date_);
 }
 
 }  // namespace contavia

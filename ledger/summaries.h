@@ -3,18 +3,21 @@
 // is available, and the balances summed by category and by group. A balance is the account's
 // total balance recomputed from its files (and stored in its totals record).
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "archive/data_directory.h"
 #include "archive/records.h"
+#include "archive/session.h"
 #include "printing/summaries.h"
 
 namespace contavia {
 
 // The total balance of every account, in table order, its totals brought up to date.
-std::vector<double> currentBalances(const DataDirectory& dir, const std::vector<Account>& accounts,
-                                    std::int32_t todayKey);
+std::vector<double> currentBalances(
+    const DataDirectory& dir, const std::vector<Account>& accounts, std::int32_t todayKey,
+    const std::function<void(std::size_t done, std::size_t total)>& progress = {});
 
 // The accounts that pass the category filter (" Tutte": all), with their figures.
 std::vector<AccountSummaryLine> accountSummary(const std::vector<Account>& accounts,
@@ -36,5 +39,28 @@ struct SummaryView {
 };
 SummaryView accountsView(const std::vector<AccountSummaryLine>& lines);
 SummaryView totalsView(const std::vector<SummaryLine>& lines);
+
+// The three views of the summary window, and their reports, from the tables and balances read
+// when it opens. `progress` hears of each account done (for a long archive).
+enum class SummaryKind { Accounts, Categories, Groups };
+class Summaries {
+ public:
+  using Progress = std::function<void(std::size_t done, std::size_t total)>;
+  explicit Summaries(const Session& session, const Progress& progress = {});
+
+  // The window's date: today as "DD-MM-YYYY".
+  const std::string& date() const { return date_; }
+  // The category filter's items: " Tutte", then every category.
+  std::vector<std::string> categoryItems() const;
+  SummaryView view(SummaryKind kind, const std::string& category) const;
+  Report report(SummaryKind kind, const std::string& category) const;
+
+ private:
+  std::vector<Account> accounts_;
+  std::vector<Category> categories_;
+  std::vector<Group> groups_;
+  std::vector<double> balances_;
+  std::string date_;
+};
 
 }  // namespace contavia

@@ -1,0 +1,35 @@
+#include "cli/report_output.h"
+
+#include <fstream>
+#include <sstream>
+
+#include "cli/ledger_support.h"
+#include "common/text.h"
+#include "printing/printer.h"
+#include "ui/report_painter.h"
+
+namespace contavia::cli {
+
+int deliverReport(Context& c, const Report& report, const std::optional<std::string>& file) {
+  TextPrinter text;
+  printReport(text, report);
+  if (!file) {
+    printLines(c.out, text.lines());
+    return kExitDone;
+  }
+  bool written = false;
+  if (foldCase(*file).ends_with(".PDF")) {
+    written = ui::writeReportPdf(report, QString::fromStdString(*file));
+  } else {
+    std::ofstream out(*file, std::ios::binary | std::ios::trunc);
+    printLines(out, text.lines());
+    written = static_cast<bool>(out.flush());
+  }
+  if (!written) {
+    c.session.prompter().show(errorBox("Impossibile scrivere il file " + *file + "."));
+    return kExitStopped;
+  }
+  return kExitDone;
+}
+
+}  // namespace contavia::cli

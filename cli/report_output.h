@@ -1,0 +1,17 @@
+#pragma once
+// Where a printed report goes: to standard output as text (a line holding only a form feed
+// between pages), or with --stampa FILE to FILE, drawn as the printer draws it when FILE ends in
+// ".pdf", as text otherwise.
+
+#include <optional>
+#include <string>
+
+#include "cli/command.h"
+#include "printing/report_page.h"
+
+namespace contavia::cli {
+
+// Exit status 0 when the report was written; 1 (after the message) when FILE could not be.
+int deliverReport(Context& c, const Report& report, const std::optional<std::string>& file);
+
+}  // namespace contavia::cli
