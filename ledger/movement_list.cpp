@@ -101,7 +101,8 @@ std::string amountText(double amount, const char* mask, std::size_t width = kAmo
   return out;
 }
 
-// The movement number with the mask "0000".
+}  // namespace
+
 std::string movementNumberText(std::int16_t number) {
   if (number < 0) {
     return formatNumber(number, "0000");
@@ -109,6 +110,8 @@ std::string movementNumberText(std::int16_t number) {
   std::string digits = std::to_string(number);
   return digits.size() < 4 ? std::string(4 - digits.size(), '0') + digits : digits;
 }
+
+namespace {
 
 bool isCredit(const Movement& m) { return trim(m.sign) == "A"; }
 

@@ -33,6 +33,9 @@ inline constexpr const char* kAllCausali = " TUTTE";
 // The causale selector of the movement window: " TUTTE", then every description in file order.
 std::vector<std::string> causaleSelectorItems(const std::vector<Causale>& causali);
 
+// A movement's number as the lists show it, with the mask "0000".
+std::string movementNumberText(std::int16_t number);
+
 // The column heading over the list, lined up with its lines.
 std::string movementListHeading();
 

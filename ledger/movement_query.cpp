@@ -1,10 +1,13 @@
 #include "ledger/movement_query.h"
 
+#include <unordered_map>
+
 #include "archive/tables.h"
 #include "common/dates.h"
 #include "common/number_masks.h"
 #include "common/text.h"
 #include "ledger/causale_index.h"
+#include "ledger/movement_list.h"
 #include "ledger/text_order.h"
 
 namespace contavia {
@@ -27,7 +30,7 @@ std::string sortKey(const std::string& date) {
 std::string rowOf(const Movement& m, const std::string& causale, const std::string& account) {
   std::string row = sortKey(m.operationDate);
   row += padRight(m.operationDate, 10) + " ";
-  row += padRight(formatNumber(m.movementNumber, "0000"), 4) + " ";
+  row += padRight(movementNumberText(m.movementNumber), 4) + " ";
   const std::string amount = amountText(m.amount);
   const bool debit = trim(m.sign) == "D";
   row += debit ? amount + std::string(kAmountWidth, ' ') : std::string(kAmountWidth, ' ') + amount;
@@ -79,7 +82,12 @@ QueryResult runMovementQuery(
   std::size_t done = 0;
   const std::int32_t from = dateKey(filter.from);
   const std::int32_t to = dateKey(filter.to);
+  // The causale each code names, trimmed, looked up once per code.
   const CausaleIndex index(causali);
+  std::unordered_map<std::string, std::string> causaleOf;
+  for (const auto& [code, c] : index.byCode()) {
+    causaleOf.emplace(code, trim(c->causaleDescription));
+  }
   QueryResult result;
   for (const Account& a : accounts) {
     if (progress) {
@@ -97,8 +105,8 @@ QueryResult runMovementQuery(
     for (std::size_t i = 0; i < counted.count; ++i) {
       const Movement m = decodeRecord<Movement>(counted.bytes.data() + i * Movement::kLength);
       const std::int32_t key = dateKey(m.operationDate);
-      const Causale* c = index.find(m.causaleCode);
-      const std::string causale = c != nullptr ? trim(c->causaleDescription) : trim(m.causaleCode);
+      const std::string causaleCode = trim(m.causaleCode);
+      const std::string& causale = causaleOf.try_emplace(causaleCode, causaleCode).first->second;
       if (key < from || key > to || !filterPasses(filter.causale, causale)) {
         continue;
       }
