@@ -137,6 +137,10 @@ bool runGuarded(Prompter& prompter, WriteJournal* journal,
   }
 }
 
+Message fileNotWrittenBox(const std::string& path) {
+  return errorBox("Impossibile scrivere il file " + path + ".");
+}
+
 bool written(Prompter& prompter, const WriteOutcome& outcome) {
   if (outcome.ok()) {
     return true;

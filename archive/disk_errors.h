@@ -51,6 +51,9 @@ bool runGuarded(Prompter& prompter, WriteJournal* journal,
 // A short description of an error number for the messages that name a file ("disco pieno").
 std::string describeDiskError(int errorNumber);
 
+// The message of a file the user asked for (a report, a PDF) that could not be written.
+Message fileNotWrittenBox(const std::string& path);
+
 // True when every write of an operation went; otherwise tells the user which file could not be
 // written and that the operation was taken back. Used by the procedures that otherwise run
 // without the routine, so that a full disk never goes unnoticed.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "archive/tables.h"
 #include "common/text.h"
 
 namespace contavia::cli {
@@ -21,16 +20,6 @@ std::string choice(const Arguments& args, const std::string& option,
   return trim(*given);
 }
 
-template <class Record>
-std::vector<std::string> descriptions(const std::vector<Record>& records,
-                                      std::string Record::*field) {
-  std::vector<std::string> out;
-  for (const Record& r : records) {
-    out.push_back(trim(r.*field));
-  }
-  return out;
-}
-
 }  // namespace
 
 QueryFilter queryFilter(Context& c, const Arguments& args) {
@@ -42,14 +31,10 @@ QueryFilter queryFilter(Context& c, const Arguments& args) {
   }
   filter.from = *from;
   filter.to = *to;
-  const MasterTables& tables = c.session.tables();
-  filter.group = choice(
-      args, "gruppo",
-      descriptions(loadTable<Group>(c.session.dir(), kGroupTable).records, &Group::groupName));
-  filter.category =
-      choice(args, "categoria", descriptions(tables.categories, &Category::categoryName));
-  filter.causale =
-      choice(args, "causale", descriptions(tables.causali, &Causale::causaleDescription));
+  const QueryChoices choices = queryChoices(c.session);
+  filter.group = choice(args, "gruppo", choices.groups);
+  filter.category = choice(args, "categoria", choices.categories);
+  filter.causale = choice(args, "causale", choices.causali);
   return filter;
 }
 

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "archive/disk_errors.h"
 #include "cli/ledger_support.h"
 #include "common/text.h"
 #include "printing/printer.h"
@@ -26,7 +27,7 @@ int deliverReport(Context& c, const Report& report, const std::optional<std::str
     written = static_cast<bool>(out.flush());
   }
   if (!written) {
-    c.session.prompter().show(errorBox("Impossibile scrivere il file " + *file + "."));
+    c.session.prompter().show(fileNotWrittenBox(*file));
     return kExitStopped;
   }
   return kExitDone;

@@ -9,6 +9,7 @@
 #include "ledger/causale_index.h"
 #include "ledger/movement_list.h"
 #include "ledger/text_order.h"
+#include "printing/movement_lists.h"
 
 namespace contavia {
 namespace {
@@ -16,8 +17,9 @@ namespace {
 constexpr const char* kAmountMask = "##,###,##0.00";
 constexpr std::size_t kAmountWidth = 13;
 
+// An amount right-aligned in its column, with at least one blank before it.
 std::string amountText(double amount, std::size_t width = kAmountWidth) {
-  return padLeft(formatNumber(amount, kAmountMask), width);
+  return padLeft(" " + formatNumber(amount, kAmountMask), width);
 }
 
 // The key: 1000000 less the date's key (newest first, as in the account's own list), cut or
@@ -124,6 +126,38 @@ QueryResult runMovementQuery(
   result.rows = std::move(sorted);
   return result;
 }
+
+namespace {
+
+template <class Record>
+std::vector<std::string> descriptions(const std::vector<Record>& records,
+                                      std::string Record::*field) {
+  std::vector<std::string> out;
+  out.reserve(records.size());
+  for (const Record& r : records) {
+    out.push_back(r.*field);
+  }
+  return out;
+}
+
+}  // namespace
+
+QueryChoices queryChoices(const Session& session) {
+  const MasterTables& tables = session.tables();
+  return {filterItems(descriptions(loadTable<Group>(session.dir(), kGroupTable).records,
+                                   &Group::groupName)),
+          filterItems(descriptions(tables.categories, &Category::categoryName)),
+          filterItems(descriptions(tables.causali, &Causale::causaleDescription))};
+}
+
+QueryFilter openingQueryFilter(const Clock& clock) {
+  QueryFilter filter;
+  filter.from = formatDateDmy({1, 1, clock.today().year});
+  filter.to = clock.todayText();
+  return filter;
+}
+
+std::string queryListHeading() { return std::string(kQueryKeyWidth, ' ') + queryColumnHeading(); }
 
 std::vector<std::string> filterItems(const std::vector<std::string>& descriptions) {
   std::vector<std::string> items{kEverything};

@@ -11,6 +11,7 @@
 
 #include "archive/data_directory.h"
 #include "archive/records.h"
+#include "archive/session.h"
 #include "common/prompter.h"
 
 namespace contavia {
@@ -48,7 +49,21 @@ QueryResult runMovementQuery(
     const std::vector<Causale>& causali, const QueryFilter& filter,
     const std::function<void(std::size_t done, std::size_t total)>& progress = {});
 
-// The items of the filters: " Tutte", then every description in table order.
+// The items of a filter: " Tutte", then every description in table order.
 std::vector<std::string> filterItems(const std::vector<std::string>& descriptions);
+
+// The items of the query's three filters, from the tables as they are now ("Gruppi.con" is read).
+struct QueryChoices {
+  std::vector<std::string> groups;
+  std::vector<std::string> categories;
+  std::vector<std::string> causali;
+};
+QueryChoices queryChoices(const Session& session);
+
+// The query window as it opens: from 1 January of this year to today, every filter " Tutte".
+QueryFilter openingQueryFilter(const Clock& clock);
+
+// The heading over the query's rows on screen: the printed heading, behind the rows' key.
+std::string queryListHeading();
 
 }  // namespace contavia

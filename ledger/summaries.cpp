@@ -12,7 +12,12 @@ namespace {
 
 constexpr const char* kShownMask = "##,###,##0.00";
 
-std::string shown(double amount) { return padLeft(formatNumber(amount, kShownMask), 14); }
+constexpr std::size_t kShownWidth = 14;
+
+// An amount right-aligned in its column, with at least one blank before it.
+std::string shown(double amount) {
+  return padLeft(" " + formatNumber(amount, kShownMask), kShownWidth);
+}
 
 template <class Entry>
 std::vector<SummaryLine> summed(const std::vector<Entry>& entries, std::string Entry::*name,
@@ -76,6 +81,9 @@ std::vector<SummaryLine> groupSummary(const std::vector<Group>& groups,
 
 SummaryView accountsView(const std::vector<AccountSummaryLine>& lines) {
   SummaryView view;
+  view.heading = padRight("Conto", 11) + padRight("Descrizione", 32) +
+                 padLeft("Saldo", kShownWidth) + padLeft("Fido", kShownWidth) +
+                 padLeft("Disponibilità", kShownWidth);
   double total = 0.0;
   for (const AccountSummaryLine& a : lines) {
     view.rows.push_back(padRight(a.code, 10) + " " + padRight(a.name, 32) + shown(a.balance) +
@@ -88,6 +96,7 @@ SummaryView accountsView(const std::vector<AccountSummaryLine>& lines) {
 
 SummaryView totalsView(const std::vector<SummaryLine>& lines) {
   SummaryView view;
+  view.heading = padRight("Descrizione", 25) + padLeft("Saldo", kShownWidth);
   double total = 0.0;
   for (const SummaryLine& s : lines) {
     view.rows.push_back(padRight(s.description, 25) + shown(s.total));

@@ -34,6 +34,7 @@ std::vector<SummaryLine> groupSummary(const std::vector<Group>& groups,
 
 // What `List1` and `Totali` show of a view.
 struct SummaryView {
+  std::string heading;  // the column heading over the rows
   std::vector<std::string> rows;
   std::string total;
 };

@@ -32,11 +32,14 @@ Report accountMovementsReport(const std::string& accountCaption, const ListChoic
   return r;
 }
 
+std::string queryColumnHeading() {
+  return "    Data   N.Mov.   Mov. Dare   Mov. Avere Causale      N.Mov.   Descrizione Movimento  "
+         "Conto";
+}
+
 Report queryMovementsReport(const ListChoice& choice, const std::vector<std::string>& rows,
                             const std::string& today) {
-  Report r{movementsLayout("    Data   N.Mov.   Mov. Dare   Mov. Avere Causale      N.Mov.   "
-                           "Descrizione Movimento  Conto"),
-           {}};
+  Report r{movementsLayout(queryColumnHeading()), {}};
   r.layout.header.ruleDashes = 96;
   r.layout.header.dateBlock = {
       "Stampato il: " + today + std::string(17, ' ') + "Valuta: " + kCurrency,

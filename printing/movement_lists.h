@@ -22,6 +22,9 @@ struct ListChoice {
 inline constexpr const char* kCurrency = "Euro";
 inline constexpr std::size_t kQueryKeyWidth = 7;
 
+// The column heading of the query's printed list (its rows without their key line up under it).
+std::string queryColumnHeading();
+
 Report accountMovementsReport(const std::string& accountCaption, const ListChoice& choice,
                               const std::vector<std::string>& shownLines, const std::string& today);
 Report queryMovementsReport(const ListChoice& choice, const std::vector<std::string>& rows,

@@ -11,6 +11,7 @@
 #include "common/clock.h"
 #include "ui/main_window.h"
 #include "ui/message_box_prompter.h"
+#include "ui/widget_helpers.h"
 
 namespace {
 
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
   }
   QApplication app(argc, argv);
   QApplication::setApplicationName("Contavia");
+  contavia::ui::loadItalianTranslations(app);
 
   contavia::OsFileLayer files;
   contavia::SystemClock clock;

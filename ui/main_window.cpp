@@ -9,8 +9,6 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -21,7 +19,10 @@
 #include "masterdata/account_item.h"
 #include "ui/account_panel.h"
 #include "ui/master_windows.h"
+#include "ui/movement_query_window.h"
 #include "ui/movement_window.h"
+#include "ui/print_archives_window.h"
+#include "ui/summary_window.h"
 #include "ui/widget_helpers.h"
 
 namespace contavia::ui {
@@ -29,15 +30,6 @@ namespace {
 
 QString defaultFolderChooser(QWidget* parent, const QString& title) {
   return QFileDialog::getExistingDirectory(parent, title);
-}
-
-void defaultPrinterSetup(QWidget* parent) {
-  // Cancelling the dialog is harmless: nothing to do either way.
-  static QPrinter printer;
-  QPrintDialog dialog(&printer, parent);
-  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
-  dialog.setMinMax(1, 1);
-  dialog.exec();
 }
 
 // The subwindows that are shown and not minimised, in creation order.
@@ -56,7 +48,8 @@ QList<QMdiSubWindow*> normalWindows(QMdiArea* area) {
 MainWindow::MainWindow(Session& session, QWidget* parent)
     : QMainWindow(parent),
       chooseFolder(defaultFolderChooser),
-      printerSetup(defaultPrinterSetup),
+      printerSetup(runPrinterSetup),
+      choosePdfFile(askPdfFile),
       session_(session),
       mdi_(named(new QMdiArea, "MDIArea")),
       panel_(new AccountPanel(session)) {
@@ -70,6 +63,9 @@ MainWindow::MainWindow(Session& session, QWidget* parent)
   layout->addWidget(mdi_, 1);
   setCentralWidget(central);
   connect(panel_, &AccountPanel::accountChosen, this, &MainWindow::chooseAccount);
+  preview = [this](QWidget* over, const Report& report) {
+    runPrintPreview(over, report, choosePdfFile, session_.prompter());
+  };
 
   buildMenus();
   buildToolBar();
@@ -107,10 +103,10 @@ void MainWindow::buildMenus() {
   addEntry(file, "Close", "Chiudi", [this] { closeAccountAndChoice(); });
   addEntry(file, "PRF", "Preferenze", nullptr);
   addEntry(file, "ImpStam", "Imposta Stampante", [this] { setUpPrinter(); });
-  addEntry(file, "Causali", "Stampa Archivi", nullptr);
-  addEntry(file, "Stampe", "&Stampa Movimenti", nullptr);
-  addEntry(file, "TM", "Totale Movimenti", nullptr);
-  addEntry(file, "TotConti", "Totale conti", nullptr);
+  addEntry(file, "Causali", "Stampa Archivi", [this] { openPrintArchives(); });
+  addEntry(file, "Stampe", "&Stampa Movimenti", [this] { printMovements(); });
+  addEntry(file, "TM", "Totale Movimenti", [this] { openMovementQuery(); });
+  addEntry(file, "TotConti", "Totale conti", [this] { openSummaries(); });
   file->addSeparator()->setObjectName("A");
   addEntry(file, "Esci", "Esci", [this] { exitWithConfirmation(); });
 
@@ -154,10 +150,10 @@ void MainWindow::buildToolBar() {
     return addEntry(tools, control, caption, std::move(handler));
   };
   button("Command3D4", " Causali ", [this] { openCausali(); });
-  button("PulStampe", " Stampe ", nullptr);
+  button("PulStampe", " Stampe ", [this] { openPrintArchives(); });
   button("gruppi", "gruppi", [this] { showGroupsWindow(this, session_); });
   button("tipi", "categorie", [this] { showCategoriesWindow(this, session_); });
-  button("totMov", "Totale movimenti", nullptr);
+  button("totMov", "Totale movimenti", [this] { openMovementQuery(); });
   button("Vista", "conti", [this] { openAccounts(); });
   QAction* path = button("per", "percorso", [] {});
   path->setToolTip("cambia percorso archivi");
@@ -203,6 +199,7 @@ void MainWindow::showBalances() {
   statusPanels_[3]->setText(qs(panels.balanceTotal));
   statusPanels_[4]->setText(qs(panels.available));
   panel_->showAccount();
+  enablePrintMovements();
 }
 
 void MainWindow::chooseAccount(const QString& item) {
@@ -217,10 +214,13 @@ void MainWindow::chooseAccount(const QString& item) {
 }
 
 void MainWindow::openMovementWindow() {
-  auto* window = new MovementWindow(session_);
+  auto* window = new MovementWindow(session_, printHooks());
   connect(window, &MovementWindow::accountChanged, this, &MainWindow::showBalances);
   movementFrame_ = mdi_->addSubWindow(window);
   movementFrame_->setAttribute(Qt::WA_DeleteOnClose);
+  // Queued: a window destroyed with the frame itself calls nothing.
+  connect(movementFrame_, &QObject::destroyed, this, &MainWindow::enablePrintMovements,
+          Qt::QueuedConnection);
   movementFrame_->setWindowTitle(window->windowTitle());
   movementFrame_->show();
   fitMovementWindow();
@@ -298,6 +298,27 @@ void MainWindow::openAccounts() {
 }
 
 void MainWindow::setUpPrinter() { printerSetup(this); }
+
+PrintHooks MainWindow::printHooks() {
+  return {[this](QWidget* parent, const Report& report) { preview(parent, report); },
+          [this](QWidget* parent) { printerSetup(parent); }};
+}
+
+void MainWindow::openPrintArchives() { PrintArchivesWindow(session_, printHooks(), this).exec(); }
+
+void MainWindow::printMovements() {
+  if (MovementWindow* window = movementWindow()) {
+    window->print();
+  }
+}
+
+void MainWindow::enablePrintMovements() {
+  action("Stampe")->setEnabled(movementWindow() != nullptr);
+}
+
+void MainWindow::openMovementQuery() { MovementQueryWindow(session_, printHooks(), this).exec(); }
+
+void MainWindow::openSummaries() { SummaryWindow(session_, printHooks(), this).exec(); }
 
 void MainWindow::reorderYears() {
   if (session_.account() != nullptr) {

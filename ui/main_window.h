@@ -8,6 +8,8 @@
 #include <functional>
 #include <map>
 
+#include "ui/print_preview.h"
+
 class QAction;
 class QLabel;
 class QMdiArea;
@@ -36,9 +38,12 @@ class MainWindow : public QMainWindow {
   QAction* action(const QString& controlName) const;
 
   // Dialogs of the platform, replaceable by tests: the folder browser (an empty text when
-  // cancelled) and the printer set-up.
+  // cancelled), the printer set-up, the print preview of a report and the file chooser of its
+  // "Salva PDF...".
   std::function<QString(QWidget* parent, const QString& title)> chooseFolder;
   std::function<void(QWidget* parent)> printerSetup;
+  std::function<void(QWidget* parent, const Report& report)> preview;
+  PdfFileChooser choosePdfFile;
 
   // "Esci": the exit question; closes the frame on OK.
   void exitWithConfirmation();
@@ -66,6 +71,14 @@ class MainWindow : public QMainWindow {
   void openCausali();
   void openAccounts();
   void setUpPrinter();
+  // The print dialogs as the windows opened from here see them: always the ones set above.
+  PrintHooks printHooks();
+  void openPrintArchives();
+  void printMovements();
+  void openMovementQuery();
+  void openSummaries();
+  // "&Stampa Movimenti" is offered while the movement window is open.
+  void enablePrintMovements();
   void reorderYears();
   void clearMovements();
   void openMovementWindow();

@@ -17,6 +17,7 @@
 #include "common/key_rules.h"
 #include "common/text.h"
 #include "ledger/movement_entry.h"
+#include "ledger/printed_lists.h"
 #include "ui/causale_picker.h"
 #include "ui/widget_helpers.h"
 
@@ -52,8 +53,11 @@ std::optional<int> runPickerDialog(const std::vector<Causale>& causali, QWidget*
 
 }  // namespace
 
-MovementWindow::MovementWindow(Session& session, QWidget* parent)
-    : QWidget(parent), session_(session), entry_(std::make_unique<MovementEntry>(session)) {
+MovementWindow::MovementWindow(Session& session, PrintHooks hooks, QWidget* parent)
+    : QWidget(parent),
+      session_(session),
+      hooks_(std::move(hooks)),
+      entry_(std::make_unique<MovementEntry>(session)) {
   named(this, "Form9");
   setWindowTitle("Immissione / Modifica Movimenti");
   build();
@@ -168,7 +172,7 @@ void MovementWindow::build() {
   clear_ = named(new QPushButton("Annulla immissione"), "pulisci");
   delete_ = named(new QPushButton("Cancella"), "del");
   auto* print = named(new QPushButton("Stampa"), "PulStampe");
-  print->setEnabled(false);  // the movement report comes with the printing
+  connect(print, &QPushButton::clicked, this, &MovementWindow::print);
   auto* close = named(new QPushButton("Esci"), "Command3D8");
   connect(ok_, &QPushButton::clicked, this, &MovementWindow::onSave);
   connect(clear_, &QPushButton::clicked, this, &MovementWindow::onAbandon);
@@ -261,6 +265,8 @@ void MovementWindow::refresh() {
   showList();
   showEntry();
 }
+
+void MovementWindow::print() { hooks_.preview(this, workingAccountReport(session_, *entry_)); }
 
 void MovementWindow::onDateChanged() {
   if (filling_) {

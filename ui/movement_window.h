@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <memory>
 
+#include "ui/print_preview.h"
+
 class QComboBox;
 class QDateEdit;
 class QLabel;
@@ -23,11 +25,13 @@ namespace contavia::ui {
 class MovementWindow : public QWidget {
   Q_OBJECT
  public:
-  explicit MovementWindow(Session& session, QWidget* parent = nullptr);
+  MovementWindow(Session& session, PrintHooks hooks, QWidget* parent = nullptr);
   ~MovementWindow() override;
 
   // Rebuilds the list after a change made elsewhere (a menu command of the main window).
   void refresh();
+  // "Stampa": the list as shown, with the filter that made it, in the print preview.
+  void print();
 
  signals:
   // The balances or the movements changed: the main window refreshes its panels.
@@ -48,6 +52,7 @@ class MovementWindow : public QWidget {
   void lookupCausale();
 
   Session& session_;
+  PrintHooks hooks_;
   std::unique_ptr<MovementEntry> entry_;
   bool filling_ = false;
 

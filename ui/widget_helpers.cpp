@@ -4,8 +4,12 @@
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLibraryInfo>
 #include <QLineEdit>
+#include <QListView>
 #include <QMouseEvent>
+#include <QPushButton>
+#include <QTranslator>
 
 #include "common/prompter.h"
 
@@ -124,6 +128,32 @@ QFont fixedPitchFont(int pointSize) {
   QFont font("Courier New", pointSize);
   font.setFixedPitch(true);
   return font;
+}
+
+QPushButton* pushButton(const QString& caption, const QString& controlName) {
+  auto* button = named(new QPushButton(caption), controlName);
+  button->setAccessibleName(caption);
+  enterClicks(button);
+  return button;
+}
+
+QListView* fixedPitchList(const QString& controlName, QAbstractItemModel* model) {
+  auto* list = named(new QListView, controlName);
+  list->setModel(model);
+  list->setFont(fixedPitchFont(9));
+  list->setUniformItemSizes(true);
+  list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  list->setTextElideMode(Qt::ElideNone);
+  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  return list;
+}
+
+void loadItalianTranslations(QCoreApplication& app) {
+  auto* qtTexts = new QTranslator(&app);
+  if (qtTexts->load(QLocale(QLocale::Italian, QLocale::Italy), "qtbase", "_",
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(qtTexts);
+  }
 }
 
 void enterMovesFocus(QWidget* field) { field->installEventFilter(new EnterToTab(field)); }

@@ -11,7 +11,11 @@
 #include "common/key_rules.h"
 
 class QAbstractButton;
+class QAbstractItemModel;
+class QCoreApplication;
 class QLineEdit;
+class QListView;
+class QPushButton;
 class QWidget;
 
 namespace contavia {
@@ -32,8 +36,19 @@ W* named(W* widget, const QString& controlName) {
   return widget;
 }
 
+// A button with its caption, its control name and the caption as its accessible name; Enter on
+// it presses it.
+QPushButton* pushButton(const QString& caption, const QString& controlName);
+
 // The fixed-pitch font of lists and reports ("Courier New", or its metric twin).
 QFont fixedPitchFont(int pointSize = 10);
+
+// A read-only list of report-like rows in the fixed-pitch font: rows of one height (quick with a
+// million rows), long rows scrolled sideways rather than cut.
+QListView* fixedPitchList(const QString& controlName, QAbstractItemModel* model);
+
+// Qt's own texts (dialog buttons, the print preview's tools) in Italian.
+void loadItalianTranslations(QCoreApplication& app);
 
 // Moves the focus to the next control when Enter is pressed in a line edit.
 void enterMovesFocus(QWidget* field);

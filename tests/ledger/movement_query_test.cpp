@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "common/dates.h"
+#include "common/text.h"
 #include "ledger/summaries.h"
 #include "tests/support/archive_fixture.h"
 
@@ -144,6 +145,10 @@ TEST_F(AcrossAccountsTest, SummariesSumTheStoredBalances) {
                                                  sp(10) + "0,00" + sp(8) + "-45,50"});
   EXPECT_EQ(accountsView(accountSummary(accounts, balances, " Tutte")).total,
             "     Totali" + sp(8) + "954,50");
+  // The headings end where the amounts under them end.
+  EXPECT_EQ(charCount(carte.heading), charCount(carte.rows[0]));
+  EXPECT_EQ(carte.heading.find("Saldo") + 5, carte.rows[0].find("-45,50") + 6);
+  EXPECT_EQ(byCategory.heading.find("Saldo") + 5, byCategory.rows[0].size());
 }
 
 }  // namespace

@@ -41,15 +41,6 @@ const std::vector<Bytes> kAccounts = {
                    "500", "Liquidit\xE0"}),
     accountRecord({2, "200", "Posta", "Posta"})};
 
-QAction* actionNamed(const QWidget* w, const QString& text) {
-  for (QAction* a : w->actions()) {
-    if (a->text() == text) {
-      return a;
-    }
-  }
-  qFatal("no entry %s", qPrintable(text));
-}
-
 // The entries as the user sees them: "[...]" is greyed out, "-" a separator.
 QStringList seen(const QList<QAction*>& actions) {
   QStringList out;
@@ -99,20 +90,10 @@ class MainWindowTest : public QObject {
     QComboBox* selector() const { return child<QComboBox>(frame.get(), "Combo1"); }
     QWidget* form9() const { return frame->movementWindow(); }
     void choose(const QString& code) { pick(selector(), code + " "); }
-    // Entry `caption` of menu `title`, opened with a click on the menu bar.
     void menu(const QString& title, const QString& caption) {
-      QMenuBar* bar = frame->menuBar();
-      QMenu* m = actionNamed(bar, title)->menu();
-      QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(m->menuAction()).center());
-      QTRY_VERIFY(m->isVisible());
-      QAction* entry = actionNamed(m, caption);
-      QVERIFY2(entry->isVisible() && entry->isEnabled(), qPrintable(caption));
-      QTest::mouseClick(m, Qt::LeftButton, {}, m->actionGeometry(entry).center());
+      chooseMenu(frame.get(), title, caption);
     }
-    void tool(const QString& caption) {
-      auto* bar = child<QToolBar>(frame.get(), "ToolBar");
-      click(bar->widgetForAction(actionNamed(bar, caption)));
-    }
+    void tool(const QString& caption) { clickTool(frame.get(), caption); }
     QStringList texts(const QStringList& labels) const {
       QStringList out;
       for (const QString& name : labels) {
@@ -152,8 +133,8 @@ class MainWindowTest : public QObject {
     QCOMPARE(seen(bar->actions()),
              (QStringList{"&File", "Archivi", "&Manutenzione", "[Utility]", "Finestra", "[?]"}));
     const std::vector<QStringList> menus = {
-        {"Percorso archivi", "Chiudi", "[Preferenze]", "Imposta Stampante", "[Stampa Archivi]",
-         "[&Stampa Movimenti]", "[Totale Movimenti]", "[Totale conti]", "-", "Esci"},
+        {"Percorso archivi", "Chiudi", "[Preferenze]", "Imposta Stampante", "Stampa Archivi",
+         "[&Stampa Movimenti]", "Totale Movimenti", "Totale conti", "-", "Esci"},
         {"Gestione Causali", "Gestione gruppi", "Gestione Categorie", "&Gestione Conto"},
         {"[Chiusura periodica]", "Riordina archivio", "[Ripristina chiusura preccedente]",
          "[Esegui copie di sicurezza]", "[Ripristina copie]", "-", "Cancella movimenti"},
@@ -179,7 +160,7 @@ class MainWindowTest : public QObject {
     }
     auto* tools = child<QToolBar>(f.frame.get(), "ToolBar");
     QCOMPARE(seen(tools->actions()),
-             (QStringList{" Causali ", "[ Stampe ]", "gruppi", "categorie", "[Totale movimenti]",
+             (QStringList{" Causali ", " Stampe ", "gruppi", "categorie", "Totale movimenti",
                           "conti", "percorso", "Esci"}));
     QCOMPARE(actionNamed(tools, "percorso")->toolTip(), QString("cambia percorso archivi"));
 

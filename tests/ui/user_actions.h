@@ -8,11 +8,15 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStyle>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
 #include <functional>
 
 namespace contavia::test {
@@ -29,6 +33,34 @@ W* child(const QWidget* parent, const QString& name) {
 inline void click(QWidget* w) {
   QVERIFY2(w->isVisible() && w->isEnabled(), qPrintable(w->objectName()));
   QTest::mouseClick(w, Qt::LeftButton);
+}
+
+// The entry of a menu or tool bar that shows `text`.
+inline QAction* actionNamed(const QWidget* w, const QString& text) {
+  for (QAction* a : w->actions()) {
+    if (a->text() == text) {
+      return a;
+    }
+  }
+  qFatal("no entry %s", qPrintable(text));
+}
+
+// Entry `caption` of menu `title`, opened with a click on the menu bar.
+inline void chooseMenu(QMainWindow* frame, const QString& title, const QString& caption) {
+  QMenuBar* bar = frame->menuBar();
+  QMenu* m = actionNamed(bar, title)->menu();
+  QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(m->menuAction()).center());
+  QTRY_VERIFY(m->isVisible());
+  QAction* entry = actionNamed(m, caption);
+  QVERIFY2(entry->isVisible() && entry->isEnabled(), qPrintable(caption));
+  QTest::mouseClick(m, Qt::LeftButton, {}, m->actionGeometry(entry).center());
+}
+
+// A click on the tool button `caption` of the frame's tool bar.
+inline void clickTool(QMainWindow* frame, const QString& caption) {
+  auto* bar = frame->findChild<QToolBar*>("ToolBar");
+  QVERIFY(bar != nullptr);
+  click(bar->widgetForAction(actionNamed(bar, caption)));
 }
 
 // What a list shows, row by row.
