@@ -15,18 +15,7 @@ namespace {
 // Today falls inside the generated years, so the balances count both past and future movements.
 const FixedClock kClock{CalendarDate{30, 6, 2022}};
 
-// A generated archive in a scratch folder, kept for the whole run.
-struct Archive {
-  Archive(int accounts, int movementsPerAccount)
-      : generated(generateArchive(folder.path(), [&] {
-          GeneratorOptions options;
-          options.accounts = accounts;
-          options.movementsPerAccount = movementsPerAccount;
-          return options;
-        }())) {}
-  ScratchFolder folder;
-  GeneratedArchive generated;
-};
+using Archive = GeneratedFolder;
 
 // One account of 10,000 movements over 2020-2024.
 const Archive& largeAccount() {

@@ -15,19 +15,8 @@ namespace {
 
 const FixedClock kClock{CalendarDate{30, 6, 2022}};
 
-struct Archive {
-  Archive() {
-    GeneratorOptions options;
-    options.accounts = 1000;
-    options.movementsPerAccount = 1000;
-    generated = generateArchive(folder.path(), options);
-  }
-  ScratchFolder folder;
-  GeneratedArchive generated;
-};
-
-const Archive& archive() {
-  static const Archive a;
+const GeneratedFolder& archive() {
+  static const GeneratedFolder a(1000, 1000);
   return a;
 }
 

@@ -33,20 +33,13 @@ namespace {
 // Today falls inside the generated years (2020-2024): the balance for today and the total differ.
 const FixedClock kClock{CalendarDate{30, 6, 2022}};
 
-struct Archive {
-  Archive() {
-    GeneratorOptions options;
-    options.accounts = 1000;
-    options.movementsPerAccount = 1000;
-    generated = generateArchive(folder.path(), options);
-    plain::readAndSum(folder.path());  // the page cache warm for everything that follows
-  }
-  ScratchFolder folder;
-  GeneratedArchive generated;
+// The archive, with the page cache warm for everything that follows.
+struct WarmArchive : GeneratedFolder {
+  WarmArchive() : GeneratedFolder(1000, 1000) { plain::readAndSum(folder.path()); }
 };
 
-const Archive& archive() {
-  static const Archive a;
+const GeneratedFolder& archive() {
+  static const WarmArchive a;
   return a;
 }
 

@@ -345,4 +345,11 @@ ScratchFolder::~ScratchFolder() {
   std::filesystem::remove_all(path_, ec);
 }
 
+GeneratedFolder::GeneratedFolder(int accounts, int movementsPerAccount) {
+  GeneratorOptions options;
+  options.accounts = accounts;
+  options.movementsPerAccount = movementsPerAccount;
+  generated = generateArchive(folder.path(), options);
+}
+
 }  // namespace contavia::bench

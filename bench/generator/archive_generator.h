@@ -67,6 +67,14 @@ class ScratchFolder {
   std::string path_;
 };
 
+// A generated archive of `accounts` accounts of `movementsPerAccount` movements (the other options
+// as they come) in its own scratch folder, for a whole benchmark run.
+struct GeneratedFolder {
+  GeneratedFolder(int accounts, int movementsPerAccount);
+  ScratchFolder folder;
+  GeneratedArchive generated;
+};
+
 // Answers every box with its default button and shows nothing: for timing operations that may
 // ask or warn.
 class QuietPrompter final : public Prompter {

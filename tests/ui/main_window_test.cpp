@@ -21,6 +21,7 @@
 #include "tests/support/archive_bytes.h"
 #include "tests/support/scripted_prompter.h"
 #include "tests/support/temp_folder.h"
+#include "tests/ui/frame_fixture.h"
 #include "tests/ui/user_actions.h"
 #include "ui/account_panel.h"
 #include "ui/movement_window.h"
@@ -59,14 +60,7 @@ class MainWindowTest : public QObject {
   Q_OBJECT
 
  private:
-  struct Fixture {
-    TempFolder temp;
-    OsFileLayer files;
-    ScriptedPrompter prompter;
-    FixedClock clock{CalendarDate{21, 11, 2026}};
-    std::unique_ptr<Session> session;
-    std::unique_ptr<ui::MainWindow> frame;
-
+  struct Fixture : FrameFixture {
     // The archive in the temporary folder, or `sub` in it (not there yet).
     explicit Fixture(const std::vector<Bytes>& accounts = kAccounts, const std::string& sub = "") {
       writeTable(temp, "CONTI.CON", "RecConti.CON", accounts);
@@ -78,14 +72,7 @@ class MainWindowTest : public QObject {
                       {.date = "05/11/2026", .causale = "AF", .amount = 300},
                       {.date = "10/11/2026", .causale = "AF", .amount = 50},
                       {.date = "01/12/2026", .causale = "AF", .amount = 100}});
-      session = std::make_unique<Session>(files, prompter, clock, temp.path() + sub);
-      session->start();
-      frame = std::make_unique<ui::MainWindow>(*session);
-      frame->show();
-      QApplication::setActiveWindow(frame.get());
-      if (!QTest::qWaitForWindowActive(frame.get())) {
-        qFatal("the frame did not become active");
-      }
+      startProgram(sub);
     }
     QComboBox* selector() const { return child<QComboBox>(frame.get(), "Combo1"); }
     QWidget* form9() const { return frame->movementWindow(); }

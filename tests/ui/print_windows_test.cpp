@@ -15,6 +15,7 @@
 #include "tests/support/archive_bytes.h"
 #include "tests/support/scripted_prompter.h"
 #include "tests/support/temp_folder.h"
+#include "tests/ui/frame_fixture.h"
 #include "tests/ui/user_actions.h"
 #include "ui/main_window.h"
 #include "ui/movement_window.h"
@@ -76,13 +77,7 @@ class PrintWindowsTest : public QObject {
   // Two groups, two categories, a bank account with a credit line and a cash account, each with a
   // movement outside the year; `extraCausali` more causali. The print preview and the printer
   // dialog are recorded.
-  struct Fixture {
-    TempFolder temp;
-    OsFileLayer files;
-    ScriptedPrompter prompter;
-    FixedClock clock{CalendarDate{21, 11, 2026}};
-    std::unique_ptr<Session> session;
-    std::unique_ptr<ui::MainWindow> frame;
+  struct Fixture : FrameFixture {
     std::function<void(QWidget*, const Report&)> realPreview;
     std::vector<Report> previewed;
     int printerDialogs = 0;
@@ -113,17 +108,11 @@ class PrintWindowsTest : public QObject {
       writeMovements(temp, "200",
                      {{.date = "03/11/2026", .causale = "SP", .amount = 20},
                       {.date = "15/01/2025", .causale = "ST", .amount = 10, .sign = "A"}});
-      session = std::make_unique<Session>(files, prompter, clock, temp.path());
-      session->start();
-      frame = std::make_unique<ui::MainWindow>(*session);
-      realPreview = frame->preview;
-      frame->preview = [this](QWidget*, const Report& r) { previewed.push_back(r); };
-      frame->printerSetup = [this](QWidget*) { ++printerDialogs; };
-      frame->show();
-      QApplication::setActiveWindow(frame.get());
-      if (!QTest::qWaitForWindowActive(frame.get())) {
-        qFatal("the frame did not become active");
-      }
+      startProgram("", [this](ui::MainWindow& f) {
+        realPreview = f.preview;
+        f.preview = [this](QWidget*, const Report& r) { previewed.push_back(r); };
+        f.printerSetup = [this](QWidget*) { ++printerDialogs; };
+      });
     }
     Printed last() const { return printed(previewed.at(previewed.size() - 1)); }
   };
