@@ -129,12 +129,27 @@ bool runGuarded(Prompter& prompter, WriteJournal* journal,
       if (journal != nullptr) {
         journal->rollback();
       }
-      const char* text =
-          abandoned.verdict == kVerdictUnknown ? "Erore non riconosciuto" : "Errore irrecuperabile";
-      prompter.show(diskErrorBox(text));
+      showAbandoned(prompter, abandoned.verdict);
       return false;
     }
   }
+}
+
+int retryUnderRoutine(Prompter& prompter, const std::function<int()>& action) {
+  for (;;) {
+    const int rc = action();
+    if (rc == diskerr::kOk) {
+      return kDiskStepDone;
+    }
+    if (const int verdict = diskErrorRoutine(prompter, rc); verdict != kVerdictRetry) {
+      return verdict;
+    }
+  }
+}
+
+void showAbandoned(Prompter& prompter, int verdict) {
+  prompter.show(diskErrorBox(verdict == kVerdictUnknown ? "Erore non riconosciuto"
+                                                        : "Errore irrecuperabile"));
 }
 
 Message fileNotWrittenBox(const std::string& path) {

@@ -48,6 +48,14 @@ class GuardedSteps {
 bool runGuarded(Prompter& prompter, WriteJournal* journal,
                 const std::function<void(GuardedSteps&)>& procedure);
 
+// Runs `action` (returning a disk-error number) under the routine until it goes: Retry repeats
+// it, any other answer stops. Returns kDiskStepDone, or the verdict that stopped it.
+inline constexpr int kDiskStepDone = -1;
+int retryUnderRoutine(Prompter& prompter, const std::function<int()>& action);
+
+// "Errore irrecuperabile", or "Erore non riconosciuto" for an error the routine does not know.
+void showAbandoned(Prompter& prompter, int verdict);
+
 // A short description of an error number for the messages that name a file ("disco pieno").
 std::string describeDiskError(int errorNumber);
 

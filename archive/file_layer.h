@@ -50,9 +50,12 @@ class FileLayer {
   // when another program holds it. The lock lasts until unlock() or the end of the program.
   virtual int lock(const std::string& path, int& handle) = 0;
   virtual void unlock(int handle) = 0;
-  // Names of the regular files of a folder.
+  // Names of the regular files of a folder, and of the folders in it.
   virtual int list(const std::string& folder, std::vector<std::string>& names) = 0;
+  virtual int listFolders(const std::string& folder, std::vector<std::string>& names) = 0;
   virtual int makeDirectory(const std::string& path) = 0;
+  // Removes an empty folder.
+  virtual int removeDirectory(const std::string& path) = 0;
   virtual bool isDirectory(const std::string& path) = 0;
   virtual bool exists(const std::string& path) = 0;
 };
@@ -73,7 +76,9 @@ class OsFileLayer final : public FileLayer {
   int lock(const std::string& path, int& handle) override;
   void unlock(int handle) override;
   int list(const std::string& folder, std::vector<std::string>& names) override;
+  int listFolders(const std::string& folder, std::vector<std::string>& names) override;
   int makeDirectory(const std::string& path) override;
+  int removeDirectory(const std::string& path) override;
   bool isDirectory(const std::string& path) override;
   bool exists(const std::string& path) override;
 };

@@ -245,7 +245,10 @@ int OsFileLayer::copy(const std::string& from, const std::string& to) {
   return diskerr::kOk;
 }
 
-int OsFileLayer::list(const std::string& folder, std::vector<std::string>& names) {
+namespace {
+
+// The regular files, or the folders, of a folder (links followed).
+int listWhere(const std::string& folder, std::vector<std::string>& names, bool regularFiles) {
   names.clear();
   std::unique_ptr<DIR, int (*)(DIR*)> dir(::opendir(folder.c_str()), ::closedir);
   if (!dir) {
@@ -257,8 +260,10 @@ int OsFileLayer::list(const std::string& folder, std::vector<std::string>& names
     if (name == "." || name == "..") {
       continue;
     }
-    if (entry->d_type == DT_REG) {
-      names.push_back(name);
+    if (entry->d_type == DT_REG || entry->d_type == DT_DIR) {
+      if ((entry->d_type == DT_REG) == regularFiles) {
+        names.push_back(name);
+      }
       continue;
     }
     if (entry->d_type != DT_UNKNOWN && entry->d_type != DT_LNK) {
@@ -270,9 +275,27 @@ int OsFileLayer::list(const std::string& folder, std::vector<std::string>& names
       full += '/';
     }
     full += name;
-    if (::stat(full.c_str(), &st) == 0 && S_ISREG(st.st_mode)) {
+    if (::stat(full.c_str(), &st) == 0 &&
+        (regularFiles ? S_ISREG(st.st_mode) : S_ISDIR(st.st_mode))) {
       names.push_back(name);
     }
+  }
+  return diskerr::kOk;
+}
+
+}  // namespace
+
+int OsFileLayer::list(const std::string& folder, std::vector<std::string>& names) {
+  return listWhere(folder, names, true);
+}
+
+int OsFileLayer::listFolders(const std::string& folder, std::vector<std::string>& names) {
+  return listWhere(folder, names, false);
+}
+
+int OsFileLayer::removeDirectory(const std::string& path) {
+  if (::rmdir(path.c_str()) != 0) {
+    return lastError(path);
   }
   return diskerr::kOk;
 }

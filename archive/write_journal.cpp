@@ -311,6 +311,21 @@ int WriteJournal::remove(const std::string& path) {
   return diskerr::kOk;
 }
 
+int WriteJournal::copy(const std::string& from, const std::string& to) {
+  if (remove(to) != diskerr::kOk) {
+    return outcome_.error;
+  }
+  const std::string name = nameInFolder(*dir_, to);
+  if (const int rc = note({.kind = JournalEntry::Write, .name = name}); rc != diskerr::kOk) {
+    return rc;
+  }
+  written_.push_back(to);
+  if (const int rc = dir_->files().copy(from, to); rc != diskerr::kOk) {
+    return fail(rc, name);
+  }
+  return diskerr::kOk;
+}
+
 WriteOutcome WriteJournal::finish() {
   WriteOutcome outcome = outcome_;
   if (failed()) {

@@ -74,6 +74,9 @@ class WriteJournal {
   }
   // Deletes a whole file of the DataDirectory (nothing happens to a file that is not there).
   int remove(const std::string& path);
+  // Replaces `to` (a file of the DataDirectory) by a copy of `from` (any file). Taking it back
+  // deletes the copy and puts the replaced file back.
+  int copy(const std::string& from, const std::string& to);
 
   bool failed() const { return outcome_.error != diskerr::kOk; }
   // The failure is left behind and later writes go ahead (a guarded procedure whose failing step

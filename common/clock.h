@@ -15,6 +15,8 @@ class Clock {
   virtual CalendarDate today() const = 0;
   // Today as "dd/mm/yyyy".
   std::string todayText() const { return formatDateDmy(today()); }
+  // The time of day as "HHMMSS" (the system's, whatever fixes the date).
+  std::string timeText() const;
 };
 
 // The system date, unless CONTAVIA_OGGI holds a valid date (or one is given explicitly).

@@ -105,6 +105,19 @@ void validateDate(int day, int month, int year, bool& ok, Prompter& prompter) {
   }
 }
 
+bool typedDateAccepted(std::string_view text, const std::string& requiredText, Prompter& prompter) {
+  const std::string t = trim(text);
+  if (t.empty() || t == "__/__/____") {
+    prompter.show(errorBox(requiredText));
+    return false;
+  }
+  bool ok = true;
+  // The day, month and year as the mask places them; a blank part reads as 0.
+  validateDate(static_cast<int>(val(leftChars(t, 2))), static_cast<int>(val(midChars(t, 3, 2))),
+               static_cast<int>(val(midChars(t, 6, 4))), ok, prompter);
+  return ok;
+}
+
 std::string formatDateDmy(const CalendarDate& date) {
   char buf[32];
   std::snprintf(buf, sizeof buf, "%02d/%02d/%04d", date.day, date.month, date.year);

@@ -36,6 +36,9 @@ Message wrongDateBox();
 bool isValidDate(int day, int month, int year);
 // Checks the triple; on failure shows the "Errore" box and sets `ok` to false, else leaves it.
 void validateDate(int day, int month, int year, bool& ok, Prompter& prompter);
+// A date typed in a masked "##/##/####" field: an empty or untouched field ("__/__/____") is
+// refused with an error box saying `requiredText`, then the date rules. False after a message.
+bool typedDateAccepted(std::string_view text, const std::string& requiredText, Prompter& prompter);
 
 // "dd/mm/yyyy" of a date (the masks "dd/mm/yyyy" and "dd/mm/YYYY").
 std::string formatDateDmy(const CalendarDate& date);

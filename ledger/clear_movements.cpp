@@ -2,6 +2,7 @@
 
 #include "archive/account_files.h"
 #include "archive/disk_errors.h"
+#include "archive/safety_copies.h"
 #include "common/text.h"
 
 namespace contavia {
@@ -24,6 +25,12 @@ bool clearAccountMovements(Session& session) {
   Prompter& prompter = session.prompter();
   if (!confirm(prompter, warningQuestion(kClearQuestion)) ||
       !confirm(prompter, warningQuestion(kClearSecondQuestion))) {
+    return false;
+  }
+  const std::vector<std::string> names =
+      accountFilesMatching(session.dir(), account->code(), CodeMatch::Exact);
+  if (!written(prompter,
+               makeSafetyCopy(session.dir(), session.clock(), "cancella-movimenti", names))) {
     return false;
   }
   WriteJournal journal(session.dir());

@@ -54,19 +54,6 @@ void addClosingRows(QueryResult& result) {
   result.rows.push_back(padRight("999999", 7) + " Nr. Movimenti: " + std::to_string(result.count));
 }
 
-// A typed date split as the date routine takes it.
-bool dateAccepted(const std::string& text, Prompter& prompter) {
-  const std::string t = trim(text);
-  if (t.empty() || t == "__/__/____") {
-    prompter.show(errorBox("Campo data operazione obbligatorio"));
-    return false;
-  }
-  bool ok = true;
-  validateDate(static_cast<int>(val(leftChars(t, 2))), static_cast<int>(val(midChars(t, 3, 2))),
-               static_cast<int>(val(midChars(t, 6, 4))), ok, prompter);
-  return ok;
-}
-
 }  // namespace
 
 bool filterPasses(const std::string& filter, const std::string& value) {
@@ -74,7 +61,9 @@ bool filterPasses(const std::string& filter, const std::string& value) {
 }
 
 bool queryDatesAccepted(const QueryFilter& filter, Prompter& prompter) {
-  return dateAccepted(filter.from, prompter) && dateAccepted(filter.to, prompter);
+  const std::string required = "Campo data operazione obbligatorio";
+  return typedDateAccepted(filter.from, required, prompter) &&
+         typedDateAccepted(filter.to, required, prompter);
 }
 
 QueryResult runMovementQuery(

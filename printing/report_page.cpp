@@ -75,8 +75,8 @@ void printReport(Printer& printer, const Report& report) {
   }
   out.line(rule(layout.endRuleDashes));
   out.line("");
-  out.line(std::string(43, ' ') + "Pagina " + std::to_string(page) + std::string(17, ' ') +
-           ".....fine stampa");
+  out.line(std::string(layout.endPageIndent, ' ') + "Pagina " + std::to_string(page) +
+           layout.endMark);
   out([](Printer& p) { p.endDoc(); });
 }
 

@@ -27,6 +27,9 @@ struct ReportLayout {
   int padTarget = 57;   // P: the end footer stands after P body lines
   std::size_t breakRuleDashes = 95;
   std::size_t endRuleDashes = 94;
+  // The end footer's page line: blanks before "Pagina", and what follows the number.
+  std::size_t endPageIndent = 43;
+  std::string endMark = std::string(17, ' ') + ".....fine stampa";
   bool segue = false;  // "segue..." after the page number of a break footer
   // The header printed after a break, when it is not the report's own.
   std::optional<PageHeader> headerAfterBreak;

@@ -102,12 +102,17 @@ bool writeReportPdf(const Report& report, const QString& path) {
     return false;
   }
   probe.close();
-  QPdfWriter writer(path);
-  writer.setResolution(1152);  // whole-pixel font sizes give the metrics of the printed page
-  writer.setTitle(QStringLiteral("Contavia"));
-  setReportPage(writer);
-  drawPages(paintedPages(report), writer);
-  return true;
+  {
+    QPdfWriter writer(path);
+    writer.setResolution(1152);  // whole-pixel font sizes give the metrics of the printed page
+    writer.setTitle(QStringLiteral("Contavia"));
+    setReportPage(writer);
+    drawPages(paintedPages(report), writer);
+  }
+  // A disk that filled up while the pages were written leaves a file cut short.
+  QFile written(path);
+  return written.open(QIODevice::ReadOnly) && written.size() > 0 &&
+         written.readAll().trimmed().endsWith("%%EOF");
 }
 
 }  // namespace contavia::ui

@@ -64,6 +64,23 @@ int MemoryFileLayer::remove(const std::string& path) {
 }
 
 int MemoryFileLayer::rename(const std::string& from, const std::string& to) {
+  if (isDirectory(from)) {  // a folder and every file in it
+    const std::string prefix = from.ends_with('/') ? from : from + "/";
+    const std::string target = to.ends_with('/') ? to : to + "/";
+    std::map<std::string, std::vector<std::uint8_t>> moved;
+    for (auto f = files_.begin(); f != files_.end();) {
+      if (f->first.starts_with(prefix)) {
+        moved[target + f->first.substr(prefix.size())] = std::move(f->second);
+        f = files_.erase(f);
+      } else {
+        ++f;
+      }
+    }
+    files_.merge(moved);
+    folders_.erase(prefix);
+    folders_.insert(target);
+    return diskerr::kOk;
+  }
   const auto it = files_.find(from);
   if (it == files_.end()) {
     return diskerr::kFileNotFound;
@@ -97,6 +114,23 @@ int MemoryFileLayer::list(const std::string& folder, std::vector<std::string>& n
       names.push_back(path.substr(prefix.size()));
     }
   }
+  return diskerr::kOk;
+}
+
+int MemoryFileLayer::listFolders(const std::string& folder, std::vector<std::string>& names) {
+  names.clear();
+  const std::string prefix = folder.ends_with('/') ? folder : folder + "/";
+  for (const std::string& f : folders_) {
+    if (f.size() > prefix.size() && f.starts_with(prefix) &&
+        f.find('/', prefix.size()) == f.size() - 1) {
+      names.push_back(f.substr(prefix.size(), f.size() - prefix.size() - 1));
+    }
+  }
+  return diskerr::kOk;
+}
+
+int MemoryFileLayer::removeDirectory(const std::string& path) {
+  folders_.erase(path.ends_with('/') ? path : path + "/");
   return diskerr::kOk;
 }
 

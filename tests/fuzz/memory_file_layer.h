@@ -27,7 +27,9 @@ class MemoryFileLayer final : public FileLayer {
   int rename(const std::string& from, const std::string& to) override;
   int copy(const std::string& from, const std::string& to) override;
   int list(const std::string& folder, std::vector<std::string>& names) override;
+  int listFolders(const std::string& folder, std::vector<std::string>& names) override;
   int makeDirectory(const std::string& path) override;
+  int removeDirectory(const std::string& path) override;
   bool isDirectory(const std::string& path) override;
   bool exists(const std::string& path) override;
   int sync(const std::string&) override { return diskerr::kOk; }

@@ -150,6 +150,21 @@ int FaultyFileLayer::list(const std::string& folder, std::vector<std::string>& n
   return real_.list(folder, names);
 }
 
+int FaultyFileLayer::listFolders(const std::string& folder, std::vector<std::string>& names) {
+  if (const int e = pathFault(folder)) {
+    names.clear();
+    return e;
+  }
+  return real_.listFolders(folder, names);
+}
+
+int FaultyFileLayer::removeDirectory(const std::string& path) {
+  if (const int e = pathFault(path)) {
+    return e;
+  }
+  return real_.removeDirectory(path);
+}
+
 int FaultyFileLayer::makeDirectory(const std::string& path) {
   if (const int e = pathFault(path)) {
     return e;

@@ -41,7 +41,9 @@ class FaultyFileLayer final : public FileLayer {
   int lock(const std::string& path, int& handle) override;
   void unlock(int handle) override;
   int list(const std::string& folder, std::vector<std::string>& names) override;
+  int listFolders(const std::string& folder, std::vector<std::string>& names) override;
   int makeDirectory(const std::string& path) override;
+  int removeDirectory(const std::string& path) override;
   bool isDirectory(const std::string& path) override;
   bool exists(const std::string& path) override;
 

@@ -1,0 +1,46 @@
+// chiusura CONTO DATA [--stampa FILE]: "Chiusura periodica"; ripristina-chiusura CONTO:
+// "Ripristina chiusura preccedente".
+
+#include <ostream>
+
+#include "cli/command.h"
+#include "cli/ledger_support.h"
+#include "cli/report_output.h"
+#include "ledger/closing.h"
+#include "ledger/closing_undo.h"
+#include "ui/report_painter.h"
+
+namespace contavia::cli {
+namespace {
+
+int chiusura(Context& c) {
+  const Arguments args = c.arguments({"stampa"});
+  args.expectAtMost(2);
+  const std::string& code = args.positional(0, "CONTO");
+  const std::string& date = args.positional(1, "DATA");
+  if (!openWorkingAccount(c, code)) {
+    return kExitStopped;
+  }
+  // The date goes to the closing as typed in `DataChiusura`: its own checks give the messages.
+  const ClosingResult result =
+      closePeriod(c.session, date, [](const Report& report, const std::string& path) {
+        return ui::writeReportPdf(report, QString::fromStdString(path));
+      });
+  if (!result.closed) {
+    return kExitStopped;
+  }
+  c.err << "Elenco dei movimenti eliminati conservato in " << result.archivePath << '\n';
+  return deliverReport(c, result.report, args.option("stampa"));
+}
+
+int ripristinaChiusura(Context& c) { return runOnAccount(c, undoLastClosing); }
+
+}  // namespace
+
+CONTAVIA_COMMAND("chiusura", "CONTO DATA [--stampa FILE]",
+                 "chiusura periodica: elimina i movimenti fino a DATA compresa e li stampa",
+                 chiusura);
+CONTAVIA_COMMAND("ripristina-chiusura", "CONTO",
+                 "rimette il conto com'era prima dell'ultima chiusura", ripristinaChiusura);
+
+}  // namespace contavia::cli
