@@ -1,8 +1,6 @@
 // chiusura CONTO DATA [--stampa FILE]: "Chiusura periodica"; ripristina-chiusura CONTO:
 // "Ripristina chiusura preccedente".
 
-#include <ostream>
-
 #include "cli/command.h"
 #include "cli/ledger_support.h"
 #include "cli/report_output.h"
@@ -29,7 +27,6 @@ int chiusura(Context& c) {
   if (!result.closed) {
     return kExitStopped;
   }
-  c.err << "Elenco dei movimenti eliminati conservato in " << result.archivePath << '\n';
   return deliverReport(c, result.report, args.option("stampa"));
 }
 

@@ -177,6 +177,9 @@ ClosingResult closePeriod(Session& session, const std::string& typedDate,
     return result;
   }
   session.openAccount(*index);  // the movements read back, the totals recomputed
+  prompter.show(plainBox(kProgramTitle,
+                         "Chiusura eseguita. L'elenco dei movimenti eliminati è conservato in " +
+                             result.archivePath + "."));
   result.closed = true;
   return result;
 }
