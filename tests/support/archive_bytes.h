@@ -66,7 +66,8 @@ inline void writeTable(const TempFolder& folder, std::string_view table, std::st
 void writeMovements(const TempFolder& folder, std::string_view code,
                     std::vector<MovementSpec> movements);
 
-// Every file of the folder with its bytes, to check that an operation changed nothing.
+// Every file of the folder (not its subfolders) with its bytes, to check that an operation
+// changed nothing.
 std::map<std::string, Bytes> snapshot(const TempFolder& folder);
 
 }  // namespace contavia::test
