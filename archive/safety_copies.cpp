@@ -72,11 +72,12 @@ WriteOutcome makeSafetyCopy(const DataDirectory& dir, const Clock& clock,
     if (from.empty() || !files.exists(from)) {
       continue;
     }
-    if (const int rc = files.copy(from, partial + "/" + file); rc != diskerr::kOk) {
+    const std::string copy = partial + "/" + from.substr(dir.folder().size());  // as spelled
+    if (const int rc = files.copy(from, copy); rc != diskerr::kOk) {
       removeCopy(files, partial);
       return {rc, file};
     }
-    files.sync(partial + "/" + file);
+    files.sync(copy);
   }
   if (const int rc = files.rename(partial, copies + name); rc != diskerr::kOk) {
     removeCopy(files, partial);

@@ -73,5 +73,27 @@ TEST_F(WriteJournalTest, AJournalCutShortDescribesOnlyItsWholeEntries) {
   EXPECT_EQ(decodeJournal(damaged), std::vector<JournalEntry>{first});
 }
 
+TEST_F(WriteJournalTest, ACopyIsTakenBackWithTheFileItReplaced) {
+  folder.write("Bak.moc", {7, 7, 7, 7});
+  folder.write("CC1.MOC", {1, 2});
+  const auto before = test::snapshot(folder);
+  for (const bool failLater : {true, false}) {
+    SCOPED_TRACE(failLater);
+    WriteJournal journal(dir);
+    ASSERT_EQ(journal.copy(folder.file("CC1.MOC"), folder.file("Bak.moc")), diskerr::kOk);
+    ASSERT_EQ(journal.copy(folder.file("CC1.MOC"), folder.file("Bak.MOR")), diskerr::kOk);
+    EXPECT_EQ(folder.read("Bak.moc"), (Bytes{1, 2}));  // replaced whole, not written over
+    if (failLater) {
+      files.failWrite(1, diskerr::kDiskFull);
+      journal.write(folder.file("CC1.MOC"), 0, {9});
+      EXPECT_FALSE(journal.finish().ok());
+      EXPECT_EQ(test::snapshot(folder), before);
+    } else {
+      EXPECT_TRUE(journal.finish().ok());
+      EXPECT_EQ(folder.names(), (std::vector<std::string>{"Bak.MOR", "Bak.moc", "CC1.MOC"}));
+    }
+  }
+}
+
 }  // namespace
 }  // namespace contavia
