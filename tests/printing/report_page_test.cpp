@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "printing/closing_archive.h"
 #include "printing/master_listings.h"
 #include "printing/movement_lists.h"
 #include "printing/summaries.h"
@@ -47,6 +48,8 @@ std::vector<ReportCase> reports() {
        "Riepilogo per Categorie"},
       {"Riepilogo Conti", [] { return accountSummaryReport({}, " Tutte", "21-11-2026"); }, 56, 53,
        "Riepilogo Conti"},
+      {"Elenco Movimenti Eliminati", [] { return closingArchiveReport({}, kToday, kToday); }, 57,
+       57, "Elenco Movimenti Eliminati"},
   };
 }
 
@@ -95,9 +98,9 @@ TEST(ReportPage, EveryReportBreaksPadsAndClosesItsPagesByItsOwnCounts) {
         ASSERT_LT(bodyStart, page.size());
         const std::string number = std::to_string(p + 1);
         // Break footer: 95 dashes (101 for the query), 42 blanks; end footer: one dash and one
-        // blank less and more, at the height of P body lines.
-        const std::string footer = last ? std::string(43, ' ') + "Pagina " + number +
-                                              std::string(17, ' ') + ".....fine stampa"
+        // blank less and more (but the closing's), at the height of P body lines.
+        const std::string footer = last ? std::string(report.layout.endPageIndent, ' ') +
+                                              "Pagina " + number + report.layout.endMark
                                         : std::string(42, ' ') + "Pagina " + number +
                                               (report.layout.segue ? "         segue..." : "");
         EXPECT_EQ(page.back(), footer);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "printing/closing_archive.h"
 #include "printing/master_listings.h"
 #include "printing/movement_lists.h"
 #include "printing/summaries.h"
@@ -102,6 +103,30 @@ TEST(Reports, SummariesWithTheirTotals) {
                 "CC1        Conto corrente della Banca Popol" + sp(11) + "100,50" + sp(9) +
                     "1.500," + sp(12) + "1.600,5",
                 sp(42) + "Totali " + sp(5) + "100,50" + sp(7) + "1.500,00" + sp(11) + "1.600,50"}));
+}
+
+TEST(Reports, ClosingArchiveEndsWithTheBreakFooterAndItsOwnMark) {
+  Movement debit;
+  debit.operationDate = "10/01/2026";
+  debit.amount = 1234567.5;
+  debit.sign = "D";
+  debit.description = "Affitto                       ";
+  Movement credit = debit;
+  credit.sign = "A";
+  credit.amount = 0.5;
+  TextPrinter printer;
+  printReport(printer, closingArchiveReport({debit, credit}, "21/11/2026", "15/01/2026"));
+  const std::vector<std::string>& lines = printer.lines();
+  EXPECT_EQ(std::vector<std::string>(lines.begin(), lines.begin() + 11),
+            (std::vector<std::string>{
+                "", sp(34) + "Elenco Movimenti Eliminati",
+                sp(23) + "Stampato il 21/11/2026  al 15/01/2026", "", "", rule(95),
+                "    Data       Mov. Dare  Mov. Avere       Saldo   Descr. Movimento", rule(95), "",
+                " 10/01/2026 1.234.567,50" + sp(27) + "Affitto",
+                " 10/01/2026" + sp(21) + "0,50" + sp(15) + "Affitto"}));
+  EXPECT_EQ(
+      std::vector<std::string>(lines.end() - 3, lines.end()),
+      (std::vector<std::string>{rule(95), "", sp(42) + "Pagina 1" + sp(17) + "....fine stampa"}));
 }
 
 }  // namespace
