@@ -16,8 +16,11 @@
 #include "frame/frame_commands.h"
 #include "frame/two_digit_years.h"
 #include "ledger/clear_movements.h"
+#include "ledger/closing_undo.h"
 #include "masterdata/account_item.h"
 #include "ui/account_panel.h"
+#include "ui/backup_window.h"
+#include "ui/closing_window.h"
 #include "ui/master_windows.h"
 #include "ui/movement_query_window.h"
 #include "ui/movement_window.h"
@@ -118,11 +121,13 @@ void MainWindow::buildMenus() {
   addEntry(archives, "NuovoConto", "&Gestione Conto", [this] { openAccounts(); });
 
   QMenu* maintenance = menu("Manut", "&Manutenzione");
-  addEntry(maintenance, "AnnualeSimulata", "Chiusura periodica", nullptr);
+  addEntry(maintenance, "AnnualeSimulata", "Chiusura periodica", [this] { openClosing(); });
   addEntry(maintenance, "ra", "Riordina archivio", [this] { reorderYears(); });
-  addEntry(maintenance, "riprchiu", "Ripristina chiusura preccedente", nullptr);
-  addEntry(maintenance, "Sicur", "Esegui copie di sicurezza", nullptr);
-  addEntry(maintenance, "RiprCopie", "Ripristina copie", nullptr);
+  addEntry(maintenance, "riprchiu", "Ripristina chiusura preccedente", [this] { undoClosing(); });
+  addEntry(maintenance, "Sicur", "Esegui copie di sicurezza",
+           [this] { openBackup(BackupMode::Save); });
+  addEntry(maintenance, "RiprCopie", "Ripristina copie",
+           [this] { openBackup(BackupMode::Restore); });
   maintenance->addSeparator()->setObjectName("tt");
   addEntry(maintenance, "CancMov", "Cancella movimenti", [this] { clearMovements(); });
 
@@ -199,7 +204,7 @@ void MainWindow::showBalances() {
   statusPanels_[3]->setText(qs(panels.balanceTotal));
   statusPanels_[4]->setText(qs(panels.available));
   panel_->showAccount();
-  enablePrintMovements();
+  enableAccountEntries();
 }
 
 void MainWindow::chooseAccount(const QString& item) {
@@ -219,7 +224,7 @@ void MainWindow::openMovementWindow() {
   movementFrame_ = mdi_->addSubWindow(window);
   movementFrame_->setAttribute(Qt::WA_DeleteOnClose);
   // Queued: a window destroyed with the frame itself calls nothing.
-  connect(movementFrame_, &QObject::destroyed, this, &MainWindow::enablePrintMovements,
+  connect(movementFrame_, &QObject::destroyed, this, &MainWindow::enableAccountEntries,
           Qt::QueuedConnection);
   movementFrame_->setWindowTitle(window->windowTitle());
   movementFrame_->show();
@@ -312,8 +317,18 @@ void MainWindow::printMovements() {
   }
 }
 
-void MainWindow::enablePrintMovements() {
+void MainWindow::enableAccountEntries() {
   action("Stampe")->setEnabled(movementWindow() != nullptr);
+  for (const char* entry : {"AnnualeSimulata", "ra", "riprchiu", "CancMov"}) {
+    action(entry)->setEnabled(session_.account() != nullptr);
+  }
+}
+
+void MainWindow::showAccountAgain() {
+  if (MovementWindow* window = movementWindow()) {
+    window->refresh();
+  }
+  showBalances();
 }
 
 void MainWindow::openMovementQuery() { MovementQueryWindow(session_, printHooks(), this).exec(); }
@@ -331,11 +346,29 @@ void MainWindow::clearMovements() {
     return;
   }
   if (clearAccountMovements(session_)) {
-    if (MovementWindow* window = movementWindow()) {
-      window->refresh();
-    }
-    showBalances();
+    showAccountAgain();
   }
+}
+
+void MainWindow::openClosing() {
+  if (session_.account() != nullptr) {
+    ClosingWindow(
+        session_, printHooks(), [this] { showAccountAgain(); }, this)
+        .exec();
+  }
+}
+
+void MainWindow::undoClosing() {
+  if (session_.account() != nullptr && undoLastClosing(session_)) {
+    showAccountAgain();
+  }
+}
+
+void MainWindow::openBackup(BackupMode mode) {
+  BackupWindow window(
+      session_, mode, backupFolder, [this] { showAccountAgain(); }, this);
+  window.exec();
+  backupFolder = window.folder();
 }
 
 void MainWindow::tileHorizontally() {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 
+#include "backup/account_copies.h"
 #include "ui/print_preview.h"
 
 class QAction;
@@ -44,6 +45,8 @@ class MainWindow : public QMainWindow {
   std::function<void(QWidget* parent)> printerSetup;
   std::function<void(QWidget* parent, const Report& report)> preview;
   PdfFileChooser choosePdfFile;
+  // The folder the backup window shows first: the last one chosen there in this run.
+  QString backupFolder;
 
   // "Esci": the exit question; closes the frame on OK.
   void exitWithConfirmation();
@@ -77,10 +80,17 @@ class MainWindow : public QMainWindow {
   void printMovements();
   void openMovementQuery();
   void openSummaries();
-  // "&Stampa Movimenti" is offered while the movement window is open.
-  void enablePrintMovements();
+  // "&Stampa Movimenti" is offered while the movement window is open, the entries that change
+  // the working account ("Chiusura periodica", "Riordina archivio", its undo, "Cancella
+  // movimenti") while an account is.
+  void enableAccountEntries();
+  // After a bulk change to the working account: its list and balances shown again.
+  void showAccountAgain();
   void reorderYears();
   void clearMovements();
+  void openClosing();
+  void undoClosing();
+  void openBackup(BackupMode mode);
   void openMovementWindow();
   void closeMovementWindow();
   void fitMovementWindow();

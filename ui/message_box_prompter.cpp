@@ -63,7 +63,16 @@ Answer MessageBoxPrompter::show(const Message& message) {
   box.setEscapeButton(message.buttons == Buttons::Ok                 ? QMessageBox::Ok
                       : message.buttons == Buttons::AbortRetryIgnore ? QMessageBox::Abort
                                                                      : QMessageBox::Cancel);
-  return answerOf(box.exec());
+  // A question asked in the middle of long work is answered with the ordinary pointer.
+  const bool busy = QApplication::overrideCursor() != nullptr;
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::ArrowCursor);
+  }
+  const Answer answer = answerOf(box.exec());
+  if (busy) {
+    QApplication::restoreOverrideCursor();
+  }
+  return answer;
 }
 
 void MessageBoxPrompter::beep() { QApplication::beep(); }

@@ -49,8 +49,8 @@ MovementQueryWindow::MovementQueryWindow(Session& session, PrintHooks hooks, QWi
   setModal(true);
 
   const QueryFilter opening = openingQueryFilter(session_.clock());
-  from_ = dateField("dal", opening.from);
-  to_ = dateField("al", opening.to);
+  from_ = maskedDateField("dal", qs(opening.from));
+  to_ = maskedDateField("al", qs(opening.to));
   groups_ = filterBox("Combo1");
   categories_ = filterBox("Combo3");
   causali_ = filterBox("Combo2");
@@ -123,15 +123,6 @@ MovementQueryWindow::MovementQueryWindow(Session& session, PrintHooks hooks, QWi
   from_->setFocus();
   const int columns = static_cast<int>(heading.size()) + 6;
   resize(QFontMetrics(list_->font()).horizontalAdvance(QString(columns, 'M')) + 60, 620);
-}
-
-QLineEdit* MovementQueryWindow::dateField(const char* name, const std::string& date) {
-  auto* field = named(new QLineEdit, name);
-  field->setInputMask("99/99/9999;_");
-  field->setText(qs(date));
-  field->setMaximumWidth(QFontMetrics(field->font()).horizontalAdvance("00/00/00000") + 16);
-  enterMovesFocus(field);
-  return field;
 }
 
 void MovementQueryWindow::fillGroups() {

@@ -27,7 +27,6 @@ class MovementQueryWindow : public QDialog {
   MovementQueryWindow(Session& session, PrintHooks hooks, QWidget* parent = nullptr);
 
  private:
-  QLineEdit* dateField(const char* name, const std::string& date);
   // `Combo1`: the groups, read again from their table; the choice is kept when still there.
   void fillGroups();
   void runQuery();

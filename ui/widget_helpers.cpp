@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QLineEdit>
@@ -157,6 +158,15 @@ void loadItalianTranslations(QCoreApplication& app) {
 }
 
 void enterMovesFocus(QWidget* field) { field->installEventFilter(new EnterToTab(field)); }
+
+QLineEdit* maskedDateField(const QString& controlName, const QString& date) {
+  auto* field = named(new QLineEdit, controlName);
+  field->setInputMask("99/99/9999;_");
+  field->setText(date);
+  field->setMaximumWidth(QFontMetrics(field->font()).horizontalAdvance("00/00/00000") + 16);
+  enterMovesFocus(field);
+  return field;
+}
 
 void applyKeyRule(QWidget* field, KeyRule rule, Prompter& prompter) {
   field->installEventFilter(new KeyRuleFilter(field, std::move(rule), prompter));

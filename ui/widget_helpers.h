@@ -53,6 +53,10 @@ void loadItalianTranslations(QCoreApplication& app);
 // Moves the focus to the next control when Enter is pressed in a line edit.
 void enterMovesFocus(QWidget* field);
 
+// A date typed over the mask "##/##/####" (a blank shows as "_"; an empty field reads
+// "__/__/____"), as wide as its ten characters; Enter moves on.
+QLineEdit* maskedDateField(const QString& controlName, const QString& date = {});
+
 // Applies a key rule to a field (a line edit or a date box): keys are let through, changed,
 // refused with the beep, or turned into a move to the next control, as the rule says.
 using KeyRule = std::function<KeyVerdict(const QString& currentText, char key)>;

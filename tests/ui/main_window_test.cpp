@@ -123,8 +123,8 @@ class MainWindowTest : public QObject {
         {"Percorso archivi", "Chiudi", "[Preferenze]", "Imposta Stampante", "Stampa Archivi",
          "[&Stampa Movimenti]", "Totale Movimenti", "Totale conti", "-", "Esci"},
         {"Gestione Causali", "Gestione gruppi", "Gestione Categorie", "&Gestione Conto"},
-        {"[Chiusura periodica]", "Riordina archivio", "[Ripristina chiusura preccedente]",
-         "[Esegui copie di sicurezza]", "[Ripristina copie]", "-", "Cancella movimenti"},
+        {"[Chiusura periodica]", "[Riordina archivio]", "[Ripristina chiusura preccedente]",
+         "Esegui copie di sicurezza", "Ripristina copie", "-", "[Cancella movimenti]"},
         {"Sovrapponi", "Affianca orizzontalmente", "Affianca verticalmente", "Disponi icone"}};
     std::size_t m = 0;
     for (QAction* title : bar->actions()) {
