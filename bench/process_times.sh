@@ -7,6 +7,8 @@
 #   bench/process_times.sh build build-bench /tmp/contavia-grande 7
 #
 # The folder is generated (1,000 accounts x 1,000 movements) when it holds no "CONTI.CON".
+# The copy of every account's four files ("backup") has its own floor: cp of the same files
+# and sync of the copies.
 set -euo pipefail
 cli=$1/bin/contavia-cli
 tool=$2/bin/archive_tool
@@ -44,3 +46,12 @@ line "archive_tool somma (floor: read and sum)" "$floor" "$floor"
 line "archive_tool elenca (floor + one printed line a movement)" "$listing" "$floor"
 line "contavia-cli riepilogo conti" "$summary" "$floor"
 line "contavia-cli interroga --dal 01/01/2020 --al 31/12/2030" "$query" "$floor"
+
+copies=$(mktemp -d)
+floorCopies=$(mktemp -d)
+trap 'rm -rf "$copies" "$floorCopies"' EXIT
+backup=$(median "$cli" --dati "$folder" --oggi 30/06/2022 backup "$copies")
+copyFloor=$(median sh -c "cp '$folder'/*.MOC '$folder'/*.MOR '$folder'/*.TOC '$folder'/*.RIP \
+  '$floorCopies'/ && sync '$floorCopies'/*")
+line "cp + sync of every account's four files (floor of the copy)" "$copyFloor" "$copyFloor"
+line "contavia-cli backup (every account)" "$backup" "$copyFloor"
