@@ -30,8 +30,9 @@ std::string copiesFolder(const DataDirectory& dir) {
 void removeCopy(FileLayer& files, const std::string& folder) {
   std::vector<std::string> names;
   files.list(folder, names);
+  const std::string prefix = folder + "/";
   for (const std::string& name : names) {
-    files.remove(folder + "/" + name);
+    files.remove(prefix + name);
   }
   files.removeDirectory(folder);
 }
