@@ -1,7 +1,5 @@
-// The main frame, its account panel and the movement window, used as a user uses them: the
-// account chosen in the popup of `Combo1`, menus opened and entries clicked, list rows clicked at
-// their place, fields typed; after each command the test reads what the user reads (the account
-// panel, the status bar, the movement list).
+// The main frame, its account panel and the movement window, used as a user uses them; after each
+// command the test reads what the user reads (the account panel, the status bar, the list).
 
 #include "ui/main_window.h"
 
@@ -10,17 +8,8 @@
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
-#include <QRegularExpression>
-#include <QToolBar>
 
-#include "archive/file_layer.h"
-#include "archive/session.h"
-#include "common/clock.h"
 #include "tests/support/archive_bytes.h"
-#include "tests/support/scripted_prompter.h"
-#include "tests/support/temp_folder.h"
 #include "tests/ui/frame_fixture.h"
 #include "tests/ui/user_actions.h"
 #include "ui/account_panel.h"
@@ -75,16 +64,15 @@ class MainWindowTest : public QObject {
       startProgram(sub);
     }
     QComboBox* selector() const { return child<QComboBox>(frame.get(), "Combo1"); }
+    QLabel* label(const QString& name) const { return child<QLabel>(frame.get(), name); }
     QWidget* form9() const { return frame->movementWindow(); }
     void choose(const QString& code) { pick(selector(), code + " "); }
-    void menu(const QString& title, const QString& caption) {
-      chooseMenu(frame.get(), title, caption);
-    }
+    void menu(const QString& title, const QString& item) { chooseMenu(frame.get(), title, item); }
     void tool(const QString& caption) { clickTool(frame.get(), caption); }
     QStringList texts(const QStringList& labels) const {
       QStringList out;
       for (const QString& name : labels) {
-        out << child<QLabel>(frame.get(), name)->text();
+        out << label(name)->text();
       }
       return out;
     }
@@ -100,6 +88,7 @@ class MainWindowTest : public QObject {
     QString folder() const { return QString::fromStdString(temp.path()); }
     QListView* list() const { return child<QListView>(form9(), "ElencoMovim"); }
     QStringList lines() const { return rowsOf(list()); }
+    QString count() const { return lines().last(); }  // " Nr. Movimenti: N"
     // The date and number of each movement listed.
     QStringList movements() const {
       return lines()
@@ -110,6 +99,7 @@ class MainWindowTest : public QObject {
       return child<QWidget>(form9(), name)->property("text").toString();
     }
     void press(const char* button) const { click(child<QPushButton>(form9(), button)); }
+    bool canDelete() const { return child<QPushButton>(form9(), "del")->isEnabled(); }
   };
 
  private slots:
@@ -167,15 +157,15 @@ class MainWindowTest : public QObject {
     Fixture f({}, "dati");
     QVERIFY(f.temp.exists("dati/RecConti.CON"));
     QCOMPARE(f.selector()->count(), 0);
-    click(child<QLabel>(f.frame.get(), "Label1(23)"));
+    click(f.label("Label1(23)"));
     QCOMPARE(f.selector()->count(), 0);
-    QCOMPARE(child<QLabel>(f.frame.get(), "DataOdierna")->text(), QString("21/11/2026"));
+    QCOMPARE(f.label("DataOdierna")->text(), QString("21/11/2026"));
     QVERIFY(f.prompter.messages.empty());
     // Clicks on the bare panel and on the figures beep, those on the captions do not.
     QTest::mouseClick(f.frame->panel(), Qt::LeftButton, {}, QPoint(5, 400));
-    click(child<QLabel>(f.frame.get(), "Saldi(2)"));
+    click(f.label("Saldi(2)"));
     QCOMPARE(f.prompter.beeps, 2);
-    click(child<QLabel>(f.frame.get(), "Label7"));
+    click(f.label("Label7"));
     QCOMPARE(f.prompter.beeps, 2);
   }
 
@@ -189,15 +179,14 @@ class MainWindowTest : public QObject {
     QCOMPARE(items(), (QStringList{"1", "2", "3", "4", "5", "1234567890"}));
     for (const auto& [label, shown] : std::vector<std::pair<int, QStringList>>{
              {9, {"2", "1234567890"}}, {21, {"3"}}, {0, {"1"}}}) {  // J, W, A
-      click(child<QLabel>(f.frame.get(), QString("Label1(%1)").arg(label)));
+      click(f.label(QString("Label1(%1)").arg(label)));
       QCOMPARE(items(), shown);
     }
-    auto* a = child<QLabel>(f.frame.get(), "Label1(0)");
-    auto* b = child<QLabel>(f.frame.get(), "Label1(1)");
-    QCOMPARE(a->palette().color(QPalette::Window), QColor(0, 0, 0x80));
-    QCOMPARE(a->palette().color(QPalette::WindowText), QColor(0xFF, 0xFF, 0));
-    QCOMPARE(b->palette().color(QPalette::Window), QColor(0xFF, 0xFF, 0xFF));
-    click(child<QLabel>(f.frame.get(), "Label1(23)"));
+    const QPalette a = f.label("Label1(0)")->palette();
+    QCOMPARE(a.color(QPalette::Window), QColor(0, 0, 0x80));
+    QCOMPARE(a.color(QPalette::WindowText), QColor(0xFF, 0xFF, 0));
+    QCOMPARE(f.label("Label1(1)")->palette().color(QPalette::Window), QColor(0xFF, 0xFF, 0xFF));
+    click(f.label("Label1(23)"));
     // Items: the code padded to 10, a blank, the name in its 45 characters.
     QCOMPARE(f.selector()->itemText(0), QString("1          Alfa banca") + QString(35, ' '));
     QCOMPARE(f.selector()->itemText(5).left(12), QString("1234567890 J"));
@@ -217,7 +206,7 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.movements(), (QStringList{"01/12/2026 0004", "10/11/2026 0003", "05/11/2026 0002",
                                          "01/11/2026 0001"}));
     QVERIFY(f.lines().at(3).contains("1.000,00 Stipendio"));
-    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 4"));
+    QCOMPARE(f.count(), QString(" Nr. Movimenti: 4"));
     checkFixedPitch(f.list());
     checkFixedPitch(child<QLabel>(f.form9(), "Intestazione"));
     checkHeadingOver(child<QLabel>(f.form9(), "Intestazione"), f.list());
@@ -247,7 +236,7 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.panel(),
              (QStringList{"200  Posta", "", "", "", "Posta", "", ",00", ",00", ",00", ",00"}));
     QCOMPARE(f.status(), (QStringList{"0,00", "200", f.folder(), "0,00", "0,00"}));
-    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 0"));
+    QCOMPARE(f.count(), QString(" Nr. Movimenti: 0"));
 
     f.menu("&File", "Chiudi");
     QVERIFY(f.form9() == nullptr);
@@ -276,15 +265,14 @@ class MainWindowTest : public QObject {
       QCOMPARE(QApplication::focusWidget()->objectName(), focus);
       QCOMPARE(f.field(name), shown);
     }
-    QCOMPARE(f.prompter.texts(), std::vector<std::string>{"CODICE CAUSALE NON PRESENTE!"});
-    QCOMPARE(f.prompter.messages.front().title, std::string("ERRORE"));
+    QCOMPARE(f.prompter.messages, std::vector{errorBox("CODICE CAUSALE NON PRESENTE!")});
     QCOMPARE(f.prompter.beeps, 2);
     QCOMPARE(f.temp.read("200.MOR"), (Bytes{1, 0}));
     QCOMPARE(f.movements(), QStringList{"20/11/2026 0001"});
     QCOMPARE(f.figures(), (QStringList{"20/11/2026", "1.234,50", "1.234,50", ",00", "1.234,50"}));
     QCOMPARE(f.status(), (QStringList{"1.234,50", "200", f.folder(), "1.234,50", "1.234,50"}));
     QCOMPARE(f.field("IMPORTO"), QString());
-    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
+    QVERIFY(!f.canDelete());
 
     // The causale picker fills the row with the causale clicked.
     inModal([&] { f.press("command3d1"); },
@@ -309,7 +297,7 @@ class MainWindowTest : public QObject {
     // Selecting and abandoning leave the panels as they were.
     clickRow(f.list(), "05/11/2026 0002");
     QCOMPARE(f.field("nroper") + " " + f.field("IMPORTO"), QString("2 300,00"));
-    QVERIFY(child<QPushButton>(f.form9(), "del")->isEnabled());
+    QVERIFY(f.canDelete());
     f.press("pulisci");
     QCOMPARE(f.field("IMPORTO"), QString());
     QCOMPARE(f.figures(), before);
@@ -323,7 +311,7 @@ class MainWindowTest : public QObject {
     QCOMPARE(stored.size(), std::size_t{4 * 87});
     QVERIFY(Bytes(stored.begin() + 87 + 17, stored.begin() + 87 + 25) == f64(250.0));
     QCOMPARE(f.lines().filter(QRegularExpression("^05/11/2026 0002 +250,00 ")).size(), 1);
-    QVERIFY(!child<QPushButton>(f.form9(), "del")->isEnabled());
+    QVERIFY(!f.canDelete());
     // Delete with Cancel changes nothing; with OK the later movements are renumbered and the
     // panels keep the balances the selection left (the movement taken out by the rule of the
     // single-movement update).
@@ -337,7 +325,7 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.movements(), (QStringList{"01/12/2026 0003", "10/11/2026 0002", "01/11/2026 0001"}));
     QCOMPARE(f.figures(), (QStringList{"01/12/2026", "450,00", "350,00", "500,00", "950,00"}));
     QCOMPARE(f.status(), (QStringList{"450,00", "100", f.folder(), "350,00", "950,00"}));
-    QVERIFY(!child<QPushButton>(f.form9(), "del")->isEnabled());
+    QVERIFY(!f.canDelete());
   }
 
   void theFilterHoldsUntilTheCausaliChange() {
@@ -348,10 +336,10 @@ class MainWindowTest : public QObject {
     typeDate(child<QDateEdit>(w, "Datafinesel"), "30112026");
     f.press("Command3");
     QCOMPARE(f.movements(), (QStringList{"10/11/2026 0003", "05/11/2026 0002"}));
-    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 2"));
+    QCOMPARE(f.count(), QString(" Nr. Movimenti: 2"));
     pick(child<QComboBox>(w, "Combo1"), "Stipendio");
     f.press("Command3");
-    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 0"));
+    QCOMPARE(f.count(), QString(" Nr. Movimenti: 0"));
     // A causale renamed in the causali window: the list names it anew, with every movement.
     inModal([&] { f.tool(" Causali "); },
             [](QWidget* causali) {
@@ -360,7 +348,7 @@ class MainWindowTest : public QObject {
               click(child<QPushButton>(causali, "ok"));
             });
     QCOMPARE(f.lines().filter("Affitto casa").size(), 3);
-    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 4"));
+    QCOMPARE(f.count(), QString(" Nr. Movimenti: 4"));
     QVERIFY(rowsOf(child<QComboBox>(w, "Combo1")->view()).contains("Affitto casa"));
 
     // "Cancella movimenti" asks twice and keeps the account.
@@ -370,7 +358,7 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.prompter.messages.size(), std::size_t{2});
     f.prompter.answer({Answer::Ok, Answer::Ok});
     f.menu("&Manutenzione", "Cancella movimenti");
-    QCOMPARE(f.lines().last(), QString(" Nr. Movimenti: 0"));
+    QCOMPARE(f.count(), QString(" Nr. Movimenti: 0"));
     QCOMPARE(f.figures(), (QStringList{"", ",00", ",00", "500,00", "500,00"}));
     QCOMPARE(f.status(), (QStringList{"0,00", "100", f.folder(), "0,00", "500,00"}));
     QVERIFY(f.temp.exists("CONTI.CON"));

@@ -1,7 +1,5 @@
-// The four master-data windows used as a user uses them: fields typed, options and buttons
-// clicked, rows clicked at their place, items chosen in the popup of `Combo1`; an add, a change,
-// a refused add, a refused delete and a delete, with the list and the files read after each.
-// Every message is answered by the scripted prompter of the session.
+// The four master-data windows used as a user uses them: an add, a change, a refused add, a
+// refused delete and a delete, with the list and the files read after each.
 
 #include "ui/master_windows.h"
 
@@ -50,6 +48,7 @@ class MasterWindowsTest : public QObject {
   QString text(const char* name) const { return field(name)->text(); }
   void type(const char* name, const QString& text) const { retype(field(name), text); }
   void press(const char* name) const { click(child<QAbstractButton>(window_.get(), name)); }
+  bool canDelete() const { return child<QPushButton>(window_.get(), "del")->isEnabled(); }
   // Types the fields, then presses "ok".
   void okWith(std::initializer_list<std::pair<const char*, QString>> fields) const {
     for (const auto& [name, text] : fields) {
@@ -60,16 +59,26 @@ class MasterWindowsTest : public QObject {
   void pick(const QString& item) const {
     test::pick(child<QComboBox>(window_.get(), "Combo1"), item);
   }
-  // The list of the window, and a click on its row `row`.
   QListWidget* list() const { return window_->findChild<QListWidget*>(); }
   QStringList rows() const { return rowsOf(list()); }
   void chooseRow(int row) const { clickRow(list(), row); }
+  // "del" on row `row`, refused: "<what> che vuoi eliminare è presente in <where>, ...".
+  void deleteRefused(int row, const std::string& what, const std::string& where) {
+    prompter_.clear();
+    chooseRow(row);
+    press("del");
+    QCOMPARE(prompter_.texts(), std::vector{what + " che vuoi eliminare è presente in " + where +
+                                            ", pertanto, non è possibile la sua eliminazione."});
+  }
+  // "del" on row `row`, confirmed.
+  void deleteRow(int row) {
+    prompter_.answer({Answer::Ok});
+    chooseRow(row);
+    press("del");
+  }
 
  private slots:
-  void init() {
-    folder_ = std::make_unique<TempFolder>();
-    prompter_.clear();
-  }
+  void init() { folder_ = std::make_unique<TempFolder>(); }
 
   void cleanup() {
     window_.reset();
@@ -124,14 +133,10 @@ class MasterWindowsTest : public QObject {
     QCOMPARE(QApplication::focusWidget(), field("DescCausale"));
     QVERIFY(prompter_.messages.empty());
 
-    type("CodCausale", "VER");
-    type("DescCausale", "Versamento");
     press("DarAver(0)");
-    press("ok");
-    type("CodCausale", "PRE");
-    type("DescCausale", "Prelievo");
+    okWith({{"CodCausale", "VER"}, {"DescCausale", "Versamento"}});
     press("DarAver(1)");
-    press("ok");
+    okWith({{"CodCausale", "PRE"}, {"DescCausale", "Prelievo"}});
     QCOMPARE(folder_->read("Causali.CAP"), cat({causaleRecord(1, "VER", "Versamento", "A"),
                                                 causaleRecord(2, "PRE", "Prelievo", "D")}));
     QCOMPARE(rows(), (QStringList{"VER   Versamento                A",
@@ -150,7 +155,7 @@ class MasterWindowsTest : public QObject {
     chooseRow(0);
     QCOMPARE(text("DescCausale"), QString("Versamento"));
     QVERIFY(child<QRadioButton>(w, "DarAver(0)")->isChecked());
-    QVERIFY(child<QPushButton>(w, "del")->isEnabled());
+    QVERIFY(canDelete());
     okWith({{"DescCausale", "Versamento assegni"}});
     QCOMPARE(folder_->read("Causali.CAP"), cat({causaleRecord(1, "VER", "Versamento assegni", "A"),
                                                 causaleRecord(2, "PRE", "Prelievo", "D")}));
@@ -158,30 +163,20 @@ class MasterWindowsTest : public QObject {
     chooseRow(0);
     QCOMPARE(text("DescCausale"), QString("Versamento assegni"));
 
-    // Refused delete: account A's last movement carries PRE.
-    prompter_.clear();
-    chooseRow(1);
-    press("del");
-    QCOMPARE(prompter_.texts(),
-             std::vector<std::string>{"La causale che vuoi eliminare è presente in 1 movimenti, "
-                                      "pertanto, non è possibile la sua eliminazione."});
+    // Account A's last movement carries PRE.
+    deleteRefused(1, "La causale", "1 movimenti");
     QVERIFY(!folder_->exists("causali.con"));
-
-    // Delete, confirmed.
-    prompter_.clear();
-    prompter_.answer({Answer::Ok});
-    chooseRow(0);
-    press("del");
+    deleteRow(0);
     QCOMPARE(folder_->read("causali.con"), causaleRecord(1, "PRE", "Prelievo", "D"));
     QCOMPARE(folder_->read("Reccausali.con"), le16(1));
     QCOMPARE(rows(), QStringList{"PRE   Prelievo                  D"});
-    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
+    QVERIFY(!canDelete());
   }
 
   void groupsWindow() {
     writeTable(*folder_, "Tipo.con", "RecTipo.con", {categoryRecord(1, "T1", "Conti", "Banche")});
     start();
-    QWidget* w = show(makeGroupsWindow(nullptr, *session_));
+    show(makeGroupsWindow(nullptr, *session_));
     okWith({{"CodGruppi", "G1"}, {"DescGruppi", "Banche"}});
     okWith({{"CodGruppi", "G2"}, {"DescGruppi", "Casa"}});
     okWith({{"CodGruppi", "G2"}, {"DescGruppi", "Doppio"}});
@@ -194,20 +189,12 @@ class MasterWindowsTest : public QObject {
     QCOMPARE(folder_->read("Gruppi.con"), cat({groupRecord(1, "G1", "Banche", " ", "N"),
                                                groupRecord(2, "G2", "Abitazione", " ", "N")}));
 
-    prompter_.clear();
-    chooseRow(0);
-    press("del");
-    QCOMPARE(prompter_.texts(),
-             std::vector<std::string>{"Il gruppo che vuoi eliminare è presente in 1 categorie, "
-                                      "pertanto, non è possibile la sua eliminazione."});
-
-    prompter_.answer({Answer::Ok});
+    deleteRefused(0, "Il gruppo", "1 categorie");
     chooseRow(0);
     press("pulisci");
     QCOMPARE(text("DescGruppi"), QString());
-    QVERIFY(!child<QPushButton>(w, "del")->isEnabled());
-    chooseRow(1);
-    press("del");
+    QVERIFY(!canDelete());
+    deleteRow(1);
     QCOMPARE(folder_->read("Gruppi.con"), cat({groupRecord(1, "G1", "Banche", " ", "N"),
                                                groupRecord(2, "G2", "Abitazione", " ", "N")}));
     QCOMPARE(folder_->read("RecGruppi.con"), le16(1));
@@ -223,10 +210,8 @@ class MasterWindowsTest : public QObject {
     QWidget* w = show(makeCategoriesWindow(nullptr, *session_));
     auto* groups = child<QComboBox>(w, "Combo1");
     QCOMPARE(rowsOf(groups->view()), (QStringList{"Banche", "Casa"}));
-    type("CodCausale", "T1");
-    type("DescCausale", "Conti");
     pick("Banche");
-    press("ok");
+    okWith({{"CodCausale", "T1"}, {"DescCausale", "Conti"}});
     okWith({{"CodCausale", "T2"}, {"DescCausale", "Mutui"}});
     okWith({{"CodCausale", "T2"}, {"DescCausale", ""}});
     QCOMPARE(prompter_.texts(), std::vector<std::string>{"Campo codice e descrizione obbligatori"});
@@ -239,16 +224,9 @@ class MasterWindowsTest : public QObject {
     QCOMPARE(folder_->read("Tipo.con"), cat({categoryRecord(1, "T1", "Conti", "Banche"),
                                              categoryRecord(2, "T2", "Mutui", "Casa")}));
 
-    prompter_.clear();
-    chooseRow(0);
+    deleteRefused(0, "La categoria", "1 conti");
     QCOMPARE(groups->currentText(), QString("Banche"));
-    press("del");
-    QCOMPARE(prompter_.texts(),
-             std::vector<std::string>{"La categoria che vuoi eliminare è presente in 1 conti, "
-                                      "pertanto, non è possibile la sua eliminazione."});
-    prompter_.answer({Answer::Ok});
-    chooseRow(1);
-    press("del");
+    deleteRow(1);
     QCOMPARE(folder_->read("RecTipo.con"), le16(1));
     QCOMPARE(rows(), QStringList{"T1    - Conti                    "});
   }
@@ -272,11 +250,8 @@ class MasterWindowsTest : public QObject {
     QCOMPARE(prompter_.beeps, 1);
 
     prompter_.clear();
-    type("CodConto", "1");
-    type("NomeConto", "Banca Uno");
-    type("Fido", "1500");
     pick("T1");
-    press("ok");
+    okWith({{"CodConto", "1"}, {"NomeConto", "Banca Uno"}, {"Fido", "1500"}});
     okWith({{"CodConto", "10"}, {"NomeConto", "Banca Dieci"}});  // no category chosen
     QCOMPARE(prompter_.texts(),
              std::vector<std::string>{
@@ -302,9 +277,7 @@ class MasterWindowsTest : public QObject {
     // Account 1 goes, and the files of account 10 with it.
     folder_->write("1.MOC", Bytes(87, ' '));
     folder_->write("10.MOR", le16(0));
-    prompter_.answer({Answer::Ok});
-    chooseRow(0);
-    press("del");
+    deleteRow(0);
     QVERIFY(!folder_->exists("1.MOC"));
     QVERIFY(!folder_->exists("10.MOR"));
     QVERIFY(folder_->exists("CONTI.CON"));
