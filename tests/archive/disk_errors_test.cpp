@@ -25,9 +25,6 @@ struct RoutineCase {
 };
 
 TEST(DiskErrorRoutine, MessagesButtonsAndVerdicts) {
-  const std::string pastEnd =
-      "Input oltre la fine del file; è stata raggiunta la fine del file e non si può continuare "
-      "con la lettura.";
   const std::vector<RoutineCase> cases = {
       {52, "Nome o numero di file non valido", Buttons::Ok, Answer::Ok, kVerdictGiveUp},
       {64, "Nome o numero di file non valido", Buttons::Ok, Answer::Ok, kVerdictGiveUp},
@@ -38,7 +35,10 @@ TEST(DiskErrorRoutine, MessagesButtonsAndVerdicts) {
       {57, "Errore di I/O di periferica", Buttons::RetryCancel, Answer::Cancel, kVerdictGiveUp},
       {61, kFullDisk, Buttons::AbortRetryIgnore, Answer::Ignore, kVerdictIgnore},
       {61, kFullDisk, Buttons::AbortRetryIgnore, Answer::Abort, kVerdictGiveUp},
-      {62, pastEnd.c_str(), Buttons::Ok, Answer::Ok, kVerdictGiveUp},
+      {62,
+       "Input oltre la fine del file; è stata raggiunta la fine del file e non si può continuare "
+       "con la lettura.",
+       Buttons::Ok, Answer::Ok, kVerdictGiveUp},
       {68, "Periferica non disponibile.", Buttons::RetryCancel, Answer::Cancel, kVerdictGiveUp},
       {71, "Disco non pronto. Inserire un dischetto", Buttons::RetryCancel, Answer::Retry,
        kVerdictRetry},
@@ -67,14 +67,12 @@ class GuardedProcedureTest : public test::ArchiveTest {
  protected:
   void SetUp() override { folder.write("A.dat", {1, 1, 1}); }
 
-  bool run(std::vector<int> secondStepErrors) {
+  bool run(const std::vector<int>& secondStepErrors) {
+    std::size_t tries = 0;
     return runGuarded(prompter, &journal, [&](GuardedSteps& steps) {
       ++starts;
       steps.step([&] { return journal.write(folder.file("A.dat"), 0, {2, 2}); });
-      const int rc = secondStepErrors.empty() ? 0 : secondStepErrors.front();
-      if (!secondStepErrors.empty()) {
-        secondStepErrors.erase(secondStepErrors.begin());
-      }
+      const int rc = tries < secondStepErrors.size() ? secondStepErrors[tries++] : 0;
       secondStepDone = steps.step([&] { return rc; });
       steps.step([&] { return journal.write(folder.file("B.dat"), 0, {3}); });
     });
@@ -171,7 +169,6 @@ class AppendFaultTest : public test::ArchiveTest {
   OpenAccount account{dir, clock, "CC1", ""};
   std::map<std::string, Bytes> before;
   Movement movement;
-  const test::MovementSpec movementSpec{.date = "03/01/2026", .amount = 1};
 };
 
 TEST_F(AppendFaultTest, DiskFullAtAnyWrite) { expectEveryFaultTakenBack(); }
@@ -187,7 +184,8 @@ TEST_F(AppendFaultTest, DiskFullOverAStaleRecord) {
 }
 
 TEST_F(AppendFaultTest, AFullAccountTakesNoMoreMovements) {
-  test::writeMovements(folder, "FULL", std::vector<test::MovementSpec>(10000, movementSpec));
+  test::writeMovements(folder, "FULL",
+                       std::vector<test::MovementSpec>(10000, {.date = "03/01/2026", .amount = 1}));
   OpenAccount full(dir, clock, "FULL", "");
   full.load();
   EXPECT_EQ(full.count(), 10000U);

@@ -92,11 +92,8 @@ TEST_F(OpenAccountTest, IncrementalUpdateLetsCreditsLowerTheBalances) {
   EXPECT_EQ(storedTotals("CC1"), std::make_pair(-10.0, -10.0));
 
   // The full recompute that ends every save counts the same credit up, with its decimals.
-  Movement m;
-  m.operationDate = "21/11/2026";
-  m.amount = 10.40;
-  m.sign = "A";
-  ASSERT_TRUE(account.appendMovement(m).ok());
+  ASSERT_TRUE(
+      account.appendMovement({.operationDate = "21/11/2026", .amount = 10.40, .sign = "A"}).ok());
   account.recompute();
   EXPECT_EQ(account.balanceToday(), 10);
   EXPECT_EQ(account.balanceTotal(), 10);
@@ -133,14 +130,14 @@ TEST_F(OpenAccountTest, AppendedAndRewrittenMovementsAreWrittenWithTheirNumbers)
   test::writeMovements(folder, "CC1", {{.date = "01/01/2026", .amount = 1, .sign = "A"}});
   folder.write("records.rer", test::le16(41));
   OpenAccount account = opened("CC1");
-  Movement m;
-  m.movementNumber = 99;  // the number is the record's position, whatever the caller put
-  m.operationDate = "02/01/2026";
-  m.causaleCode = "PREL";
-  m.amount = 25.5;
-  m.description = "Prelievo Società";
-  m.sign = "D";
-  m.closedFlag = "N";
+  // The number is the record's position, whatever the caller put.
+  Movement m{.movementNumber = 99,
+             .operationDate = "02/01/2026",
+             .causaleCode = "PREL",
+             .amount = 25.5,
+             .description = "Prelievo Società",
+             .sign = "D",
+             .closedFlag = "N"};
   ASSERT_TRUE(account.appendMovement(m).ok());
   const Bytes second = test::movementRecord({.number = 2,
                                              .date = "02/01/2026",

@@ -12,19 +12,20 @@ using test::Bytes;
 using test::MovementEntryTest;
 using test::MovementSpec;
 
-struct Balances {
-  std::int32_t total;
-  std::int32_t today;
-  bool operator==(const Balances&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Balances& b) {
-  return out << "{total " << b.total << ", today " << b.today << "}";
-}
+using Balances = std::pair<std::int32_t, std::int32_t>;  // total, today
 
 class EntryTest : public MovementEntryTest {
  protected:
   Balances balances() { return {account().balanceTotal(), account().balanceToday()}; }
+
+  // The save is refused with `message` alone, and no file changes.
+  void expectRefused(const Message& message) {
+    const auto before = test::snapshot(folder);
+    prompter.clear();
+    EXPECT_FALSE(entry->save());
+    EXPECT_EQ(prompter.messages, std::vector<Message>{message});
+    EXPECT_EQ(test::snapshot(folder), before);
+  }
 };
 
 TEST_F(EntryTest, NewMovementIsWrittenAfterTheLastWithItsCountsAndTheRowStartsAgain) {
@@ -37,9 +38,8 @@ TEST_F(EntryTest, NewMovementIsWrittenAfterTheLastWithItsCountsAndTheRowStartsAg
   EXPECT_TRUE(prompter.messages.empty());
 
   EXPECT_EQ(folder.read("CC1.MOC").size(), 4 * Movement::kLength);
-  const MovementSpec saved{
-      4, "20/11/2026", "CAF", 12.5, "D", "SCONTRIN", "Caff\xE8 al bar Per\xF9"};
-  EXPECT_EQ(movementBytes(4), test::movementRecord(saved));
+  EXPECT_EQ(movementBytes(4), test::movementRecord({4, "20/11/2026", "CAF", 12.5, "D", "SCONTRIN",
+                                                    "Caff\xE8 al bar Per\xF9"}));
   EXPECT_EQ(folder.read("CC1.MOR"), test::le16(4));
   EXPECT_EQ(folder.read("records.rer"), test::le16(8));
   EXPECT_EQ(session->tables().movementCounter, 8);
@@ -54,54 +54,44 @@ TEST_F(EntryTest, SavedBalancesFollowTheRecomputeWhateverTheIncrementalRuleSays)
   struct Case {
     const char* date;
     const char* causale;
-    Balances change;
+    Balances after;  // opened at {41, 71}
+    const char* panel;
   };
-  const std::vector<Case> cases = {
-      {"21/11/2026", "STI", {100, 100}},    // a credit raises the saved balance
-      {"22/11/2026", "STI", {100, 0}},      // dated tomorrow: the total only
-      {"21/11/2026", "AFF", {-100, -100}},  // a debit lowers it
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : {Case{"21/11/2026", "STI", {141, 171}, "141,01"},
+                        Case{"22/11/2026", "STI", {141, 71}, "141,01"},  // tomorrow: total only
+                        Case{"21/11/2026", "AFF", {-59, -29}, "-58,99"}}) {
     SCOPED_TRACE(std::string(c.date) + " " + c.causale);
     openWith(test::fiveMovements());
-    const Balances before = balances();
     type(c.date, c.causale, "100");
     ASSERT_TRUE(entry->save());
-    EXPECT_EQ(balances(), (Balances{before.total + c.change.total, before.today + c.change.today}));
-    EXPECT_EQ(account().panels().balanceTotal,
-              c.change.total > 0 ? "141,01" : "-58,99");  // exact, from the files
+    EXPECT_EQ(balances(), c.after);
+    EXPECT_EQ(account().panels().balanceTotal, c.panel);
   }
 }
 
 TEST_F(EntryTest, SelectionTakesTheMovementOutOfTheBalancesAndAbandonPutsItBack) {
-  struct Case {
-    std::size_t number;
-    Balances change;  // the reverse of the incremental rule, in whole units
-  };
-  const std::vector<Case> cases = {
-      {1, {100, 100}},  // credit 100
-      {2, {-50, -50}},  // debit 50
-      {3, {-30, 0}},    // debit 30 dated tomorrow
-      {4, {10, 10}},    // 10,50 counts as 10
-      {5, {11, 11}},    // 10,51 counts as 11
+  // Selected: the reverse of the incremental rule, in whole units.
+  const std::vector<std::pair<std::size_t, Balances>> cases = {
+      {1, {141, 171}},  // credit 100
+      {2, {-9, 21}},    // debit 50
+      {3, {11, 71}},    // debit 30 dated tomorrow
+      {4, {51, 81}},    // 10,50 counts as 10
+      {5, {52, 82}},    // 10,51 counts as 11
   };
   openWith(test::fiveMovements());
-  const Balances opened = balances();
-  ASSERT_EQ(opened, (Balances{41, 71}));
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.number);
-    ASSERT_TRUE(entry->selectMovement(c.number));
+  ASSERT_EQ(balances(), (Balances{41, 71}));
+  for (const auto& [number, selected] : cases) {
+    SCOPED_TRACE(number);
+    ASSERT_TRUE(entry->selectMovement(number));
     EXPECT_TRUE(entry->deleteEnabled());
-    EXPECT_EQ(balances(), (Balances{opened.total + c.change.total, opened.today + c.change.today}));
+    EXPECT_EQ(balances(), selected);
     entry->abandon();
-    EXPECT_EQ(balances(), opened);
+    EXPECT_EQ(balances(), (Balances{41, 71}));
     EXPECT_FALSE(entry->deleteEnabled());
     EXPECT_EQ(entry->row(), (EntryRow{.number = "6", .date = "21/11/2026"}));
   }
-}
 
-TEST_F(EntryTest, SelectedMovementFillsTheRowAndChoosingAnotherPutsTheFirstBack) {
-  openWith(test::fiveMovements());
+  // The row is filled, and choosing another movement puts the first back.
   EXPECT_FALSE(entry->selectMovement(6));
   ASSERT_TRUE(entry->selectMovement(2));
   EXPECT_EQ(entry->row(), (EntryRow{.number = "2",
@@ -131,14 +121,8 @@ TEST_F(EntryTest, ChangedMovementIsRewrittenInPlaceKeepingItsLink) {
   row.description = "Rimborso Società";
   ASSERT_TRUE(entry->save());
 
-  MovementSpec changed = movements[1];
-  changed.number = 2;
-  changed.causale = "STI";
-  changed.amount = 1080.46;
-  changed.sign = "A";
-  changed.description = "Rimborso Societ\xE0";
-  changed.closed = "N";
-  EXPECT_EQ(movementBytes(2), test::movementRecord(changed));
+  EXPECT_EQ(movementBytes(2), test::movementRecord({2, "02/11/2026", "STI", 1080.46, "A", "F1",
+                                                    "Rimborso Societ\xE0", "N", "CC2", "7"}));
   EXPECT_EQ(folder.read("CC1.MOR"), test::le16(5));
   EXPECT_EQ(folder.read("records.rer"), test::le16(7));
   // 100 + 1080,46 - 30 + 10,50 + 10,51, and without the movement of tomorrow.
@@ -161,10 +145,10 @@ TEST_F(EntryTest, DeletionAsksThenRenumbersAndLeavesTheLastRecordInTheFile) {
   EXPECT_EQ(entry->selectedIndex(), 2U);
   ASSERT_TRUE(entry->deleteSelected());
 
-  ASSERT_EQ(prompter.messages.size(), 2U);
-  EXPECT_EQ(prompter.messages[1], prompter.messages[0]);
-  EXPECT_EQ(prompter.messages[0],
-            (Message{"AVVERTIMENTO!",
+  EXPECT_EQ(
+      prompter.messages,
+      std::vector<Message>(
+          2, Message{"AVVERTIMENTO!",
                      "Attenzione il movimento selezionato verrà cancellato, ...Vuoi Continuare?",
                      Buttons::OkCancel, Icon::Exclamation, Answer::Cancel}));
   std::vector<MovementSpec> kept = test::fiveMovements();
@@ -188,57 +172,41 @@ TEST_F(EntryTest, DeletionAsksThenRenumbersAndLeavesTheLastRecordInTheFile) {
 }
 
 TEST_F(EntryTest, RefusedSavesShowTheirMessageAndWriteNothing) {
+  const Message outOfRange = errorBox(
+      "Saldo fuori dai limiti: l'operazione porterebbe il saldo del conto oltre 2.147.483.647 in "
+      "valore assoluto. Nulla è stato registrato.");
   struct Case {
+    std::vector<MovementSpec> movements;
     const char* causale;
     const char* amount;
     Message message;
   };
   const std::vector<Case> cases = {
-      {"STI", "", errorBox("Campo Importo obbligatorio")},
-      {"ZZZ", "10", errorBox("CODICE CAUSALE NON PRESENTE!")},
-      {"", "10", errorBox("CODICE CAUSALE NON PRESENTE!")},
-      {"STI", "99999999999",
-       errorBox("Saldo fuori dai limiti: l'operazione porterebbe il saldo "
-                "del conto oltre 2.147.483.647 in valore assoluto. Nulla è "
-                "stato registrato.")},
+      {test::fiveMovements(), "STI", "", errorBox("Campo Importo obbligatorio")},
+      {test::fiveMovements(), "ZZZ", "10", errorBox("CODICE CAUSALE NON PRESENTE!")},
+      {test::fiveMovements(), "", "10", errorBox("CODICE CAUSALE NON PRESENTE!")},
+      {test::fiveMovements(), "STI", "99999999999", outOfRange},
+      {std::vector<MovementSpec>(
+           Movement::kCapacity, {.date = "01/11/2026", .causale = "AFF", .amount = 1, .sign = "D"}),
+       "STI", "1",
+       errorBox("Archivio pieno: non si possono registrare più di 10000 movimenti in un conto.")},
+      // Last: a credit taking the saved balance past the 32-bit range.
+      {{{.date = "01/11/2026", .causale = "STI", .amount = 2147483000, .sign = "A"}},
+       "STI",
+       "1000",
+       outOfRange},
   };
-  openWith(test::fiveMovements());
-  const auto before = test::snapshot(folder);
   for (const Case& c : cases) {
     SCOPED_TRACE(c.causale + std::string(" ") + c.amount);
-    prompter.clear();
+    openWith(c.movements);
     type("21/11/2026", c.causale, c.amount);
-    EXPECT_FALSE(entry->save());
-    EXPECT_EQ(prompter.messages, std::vector<Message>{c.message});
+    expectRefused(c.message);
     EXPECT_EQ(entry->row().amount, c.amount);
-    EXPECT_EQ(test::snapshot(folder), before);
   }
-}
-
-TEST_F(EntryTest, BalanceThatWouldLeaveThe32BitRangeStopsTheSave) {
-  openWith({{.date = "01/11/2026", .causale = "STI", .amount = 2147483000, .sign = "A"}});
-  const auto before = test::snapshot(folder);
-  type("21/11/2026", "STI", "1000");
-  EXPECT_FALSE(entry->save());
-  ASSERT_EQ(prompter.messages.size(), 1U);
-  EXPECT_EQ(prompter.messages[0].title, "ERRORE");
-  EXPECT_EQ(test::snapshot(folder), before);
   // A debit brings the saved balance down, although the incremental step alone would overflow.
   type("21/11/2026", "AFF", "1000");
   EXPECT_TRUE(entry->save());
   EXPECT_EQ(account().balanceTotal(), 2147482000);
-}
-
-TEST_F(EntryTest, FullAccountRefusesANewMovement) {
-  openWith(std::vector<MovementSpec>(
-      Movement::kCapacity, {.date = "01/11/2026", .causale = "AFF", .amount = 1, .sign = "D"}));
-  const auto before = test::snapshot(folder);
-  type("21/11/2026", "STI", "1");
-  EXPECT_FALSE(entry->save());
-  EXPECT_EQ(prompter.messages,
-            std::vector<Message>{errorBox(
-                "Archivio pieno: non si possono registrare più di 10000 movimenti in un conto.")});
-  EXPECT_EQ(test::snapshot(folder), before);
 }
 
 TEST_F(EntryTest, NextNumberIsReadFromTheCountFileWhenTheDateChanges) {
@@ -254,21 +222,16 @@ TEST_F(EntryTest, NextNumberIsReadFromTheCountFileWhenTheDateChanges) {
 TEST_F(EntryTest, NewMovementTakesNothingFromWhatLiesPastTheCount) {
   // Record 3 is past the count: left there by an earlier deletion or closing. A closing would
   // remove a new movement that took its "S".
-  MovementSpec slot{3, "01/01/2020", "", 0, "A", "", "", "S", "CC2", "12"};
-  test::writeTable(
-      folder, "CC1.MOC", "CC1.MOR",
-      {test::movementRecord({.number = 1, .date = "01/11/2026"}),
-       test::movementRecord({.number = 2, .date = "02/11/2026"}), test::movementRecord(slot)},
-      2);
+  test::writeTable(folder, "CC1.MOC", "CC1.MOR",
+                   {test::movementRecord({.number = 1, .date = "01/11/2026"}),
+                    test::movementRecord({.number = 2, .date = "02/11/2026"}),
+                    test::movementRecord({3, "01/01/2020", "", 0, "A", "", "", "S", "CC2", "12"})},
+                   2);
   reopen();
   type("21/11/2026", "AFF", "5");
   ASSERT_TRUE(entry->save());
-  EXPECT_EQ(movementBytes(3), test::movementRecord({.number = 3,
-                                                    .date = "21/11/2026",
-                                                    .causale = "AFF",
-                                                    .amount = 5,
-                                                    .sign = "D",
-                                                    .closed = "N"}));
+  EXPECT_EQ(movementBytes(3),
+            test::movementRecord({3, "21/11/2026", "AFF", 5, "D", "", "", "N", "", ""}));
 }
 
 TEST_F(EntryTest, FailedWriteLeavesEveryFileAsItWas) {
@@ -341,11 +304,8 @@ TEST_F(EntryTest, RewrittenMovementsKeepTheBytesNoOperationAssigns) {
   // Zero bytes in the document and the linked fields, as a record the program never completed.
   std::vector<Bytes> records;
   for (int n = 1; n <= 3; ++n) {
-    Bytes r = test::movementRecord({.number = n,
-                                    .date = "0" + std::to_string(n) + "/11/2026",
-                                    .causale = "STI",
-                                    .amount = 10.0 * n,
-                                    .sign = "A"});
+    Bytes r = test::movementRecord(
+        {n, "0" + std::to_string(n) + "/11/2026", "STI", 10.0 * n, "A", "", "", "N", "", ""});
     std::fill(r.begin() + 25, r.begin() + 33, 0);
     std::fill(r.begin() + 65, r.end(), 0);
     records.push_back(r);

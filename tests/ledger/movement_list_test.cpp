@@ -14,33 +14,23 @@ const std::string kDashes(91, '-');
 
 Movement movement(int number, std::string date, std::string causale, double amount,
                   std::string sign, std::string document = "", std::string description = "") {
-  Movement m;
-  m.movementNumber = static_cast<std::int16_t>(number);
-  m.operationDate = std::move(date);
-  m.causaleCode = std::move(causale);
-  m.amount = amount;
-  m.sign = std::move(sign);
-  m.documentNumber = std::move(document);
-  m.description = std::move(description);
-  m.closedFlag = "N";
-  return m;
-}
-
-Causale causale(std::string code, std::string description, std::string sign) {
-  Causale c;
-  c.causaleCode = std::move(code);
-  c.causaleDescription = std::move(description);
-  c.sign = std::move(sign);
-  return c;
+  return {.movementNumber = static_cast<std::int16_t>(number),
+          .operationDate = std::move(date),
+          .causaleCode = std::move(causale),
+          .amount = amount,
+          .documentNumber = std::move(document),
+          .description = std::move(description),
+          .sign = std::move(sign),
+          .closedFlag = "N"};
 }
 
 // Causali as the table holds them: codes and descriptions padded to their fields, one code twice
 // (the later one names the movements), one description longer than the list's 18 characters.
 const std::vector<Causale> kCausali = {
-    causale("STI  ", "Vecchia descrizione      ", "A"),
-    causale("AFF  ", "Affitto e spese condominiali", "D"),
-    causale("CAF  ", "Caffè                    ", "D"),
-    causale("STI  ", "Stipendio                ", "A"),
+    {.causaleCode = "STI  ", .causaleDescription = "Vecchia descrizione      ", .sign = "A"},
+    {.causaleCode = "AFF  ", .causaleDescription = "Affitto e spese condominiali", .sign = "D"},
+    {.causaleCode = "CAF  ", .causaleDescription = "Caffè                    ", .sign = "D"},
+    {.causaleCode = "STI  ", .causaleDescription = "Stipendio                ", .sign = "A"},
 };
 
 // Filed in entry order; listed newest first, same-day movements by number, the 31/12 of a year
@@ -54,33 +44,56 @@ const std::vector<Movement> kMovements = {
 };
 
 CarryForward carry(std::string date, std::int32_t amount) {
-  CarryForward c;
-  c.carryDate = std::move(date);
-  c.carryAmount = amount;
-  return c;
+  return {.carryDate = std::move(date), .carryAmount = amount};
 }
 
-TEST(MovementListTest, MainBuilderLinesWithCarryForwardDebitsCreditsAndAccents) {
-  const MovementList list =
-      buildMovementList(kMovements, carry("31/12/2023", 1500), kCausali, ListBuilder::Main);
-  const std::vector<std::string> expected = {
-      "31/12/2023     " + sp(5) + "1.500,00" + sp(13) + " Riporto Chiusura precedente",
-      "31/12/2024 0002" + sp(14) + sp(5) + "1.850,50" + " Stipendio--Stipendio Società" + sp(13),
-      "15/06/2024 0003 " + sp(9) + "2,40" + sp(13) + " Caffè-SCONTR01-Caffè al bar Perù" + sp(13),
-      "15/06/2024 0004" + sp(14) + sp(8) + "10,00" + " XYZ--Rimborso" + sp(22),
-      "15/06/2024 0005" + sp(14) + " 1.234.567,89" + " Stipendio--" + sp(30),
-      "01/01/2024 0001 " + sp(7) + "650,00" + sp(13) + " Affitto e spese co-F12-Affitto gennaio" +
-          sp(15),
-      "  " + kDashes,
-      " Totali      " + sp(5) + "2.152,40" + " 1.236.428,39",
-      "  " + kDashes,
-      "Fuori lista   " + sp(8) + "0,00",
-      " " + kDashes,
-      "    Saldo        1.234.275,99",
-      " Nr. Movimenti: 5",
+TEST(MovementListTest, WholeLinesOfTheMainAndWholeUnitsBuilders) {
+  struct Case {
+    const char* name;
+    std::vector<Movement> movements;
+    CarryForward carry;
+    ListBuilder builder;
+    std::vector<std::string> lines;
   };
-  EXPECT_EQ(list.lines, expected);
-  EXPECT_TRUE(list.hasCarryForwardLine);
+  const std::vector<Case> cases = {
+      {"carry forward, debits, credits and accents",
+       kMovements,
+       carry("31/12/2023", 1500),
+       ListBuilder::Main,
+       {"31/12/2023     " + sp(5) + "1.500,00" + sp(13) + " Riporto Chiusura precedente",
+        "31/12/2024 0002" + sp(19) + "1.850,50" + " Stipendio--Stipendio Società" + sp(13),
+        "15/06/2024 0003 " + sp(9) + "2,40" + sp(13) + " Caffè-SCONTR01-Caffè al bar Perù" + sp(13),
+        "15/06/2024 0004" + sp(22) + "10,00" + " XYZ--Rimborso" + sp(22),
+        "15/06/2024 0005" + sp(14) + " 1.234.567,89" + " Stipendio--" + sp(30),
+        "01/01/2024 0001 " + sp(7) + "650,00" + sp(13) + " Affitto e spese co-F12-Affitto gennaio" +
+            sp(15),
+        "  " + kDashes, " Totali      " + sp(5) + "2.152,40" + " 1.236.428,39", "  " + kDashes,
+        "Fuori lista   " + sp(8) + "0,00", " " + kDashes, "    Saldo        1.234.275,99",
+        " Nr. Movimenti: 5"}},
+      {"empty account: the totals block alone",
+       {},
+       CarryForward{},
+       ListBuilder::Main,
+       {"  " + kDashes, " Totali      " + sp(9) + "0,00" + sp(9) + "0,00", "  " + kDashes,
+        "Fuori lista   " + sp(8) + "0,00", " " + kDashes, "    Saldo       " + sp(9) + "0,00",
+        " Nr. Movimenti: 0"}},
+      {"whole units drop the decimals",
+       {movement(1, "02/01/2024", "CAF", 1234.5, "D", "", "Bar"),
+        movement(2, "03/01/2024", "STI", 2000.49, "A", "", "Paga")},
+       carry("31/12/2023", 100),
+       ListBuilder::WholeUnits,
+       {"31/12/2023     " + sp(10) + "100" + sp(13) + " Riporto Chiusura precedente",
+        "03/01/2024 0002" + sp(22) + "2.000" + " Stipendio--Paga" + sp(26),
+        "02/01/2024 0001 " + sp(8) + "1.235" + sp(13) + " Caffè--Bar" + sp(27), "  " + kDashes,
+        " Totali     " + sp(8) + "1.335" + sp(8) + "2.000", "  " + kDashes,
+        "Fuori lista  " + sp(11) + "0", " " + kDashes, "    Saldo      " + sp(10) + "666",
+        " Nr. Movimenti: 2"}},
+  };
+  for (const Case& c : cases) {
+    const MovementList list = buildMovementList(c.movements, c.carry, kCausali, c.builder);
+    EXPECT_EQ(list.lines, c.lines) << c.name;
+    EXPECT_EQ(list.hasCarryForwardLine, !c.carry.carryDate.empty()) << c.name;
+  }
 }
 
 TEST(MovementListTest, TheHeadingLinesUpWithTheColumns) {
@@ -95,18 +108,6 @@ TEST(MovementListTest, TheHeadingLinesUpWithTheColumns) {
   EXPECT_EQ(heading.find("Causale"), credit.find("Stipendio"));
 }
 
-TEST(MovementListTest, EmptyAccountShowsOnlyTheTotalsBlock) {
-  const MovementList list = buildMovementList({}, CarryForward{}, {}, ListBuilder::Main);
-  const std::vector<std::string> expected = {
-      "  " + kDashes,      " Totali      " + sp(9) + "0,00" + sp(9) + "0,00",
-      "  " + kDashes,      "Fuori lista   " + sp(8) + "0,00",
-      " " + kDashes,       "    Saldo       " + sp(9) + "0,00",
-      " Nr. Movimenti: 0",
-  };
-  EXPECT_EQ(list.lines, expected);
-  EXPECT_FALSE(list.hasCarryForwardLine);
-}
-
 TEST(MovementListTest, NegativeCarryForwardStandsInTheSecondColumnAndCountsThere) {
   const std::vector<Movement> one = {movement(1, "02/01/2024", "CAF", 100, "D")};
   const MovementList list =
@@ -115,26 +116,6 @@ TEST(MovementListTest, NegativeCarryForwardStandsInTheSecondColumnAndCountsThere
             "31/12/2023     " + sp(13) + sp(6) + "-300,00 Riporto Chiusura precedente");
   EXPECT_EQ(list.lines[3], " Totali      " + sp(7) + "100,00" + sp(7) + "300,00");
   EXPECT_EQ(list.lines[7], "    Saldo       " + sp(7) + "200,00");
-}
-
-TEST(MovementListTest, WholeUnitsBuilderDropsTheDecimals) {
-  const std::vector<Movement> two = {movement(1, "02/01/2024", "CAF", 1234.5, "D", "", "Bar"),
-                                     movement(2, "03/01/2024", "STI", 2000.49, "A", "", "Paga")};
-  const MovementList list =
-      buildMovementList(two, carry("31/12/2023", 100), kCausali, ListBuilder::WholeUnits);
-  const std::vector<std::string> expected = {
-      "31/12/2023     " + sp(10) + "100" + sp(13) + " Riporto Chiusura precedente",
-      "03/01/2024 0002" + sp(14) + sp(8) + "2.000" + " Stipendio--Paga" + sp(26),
-      "02/01/2024 0001 " + sp(8) + "1.235" + sp(13) + " Caffè--Bar" + sp(27),
-      "  " + kDashes,
-      " Totali     " + sp(8) + "1.335" + sp(8) + "2.000",
-      "  " + kDashes,
-      "Fuori lista  " + sp(11) + "0",
-      " " + kDashes,
-      "    Saldo      " + sp(10) + "666",
-      " Nr. Movimenti: 2",
-  };
-  EXPECT_EQ(list.lines, expected);
 }
 
 TEST(MovementListTest, FilteredBuilderPutsWhatItLeavesOutInTheOutOfListAmount) {
@@ -185,31 +166,20 @@ TEST(MovementListTest, PickedLineGivesTheNumberWrittenInIt) {
   const MovementList filtered =
       buildMovementList(kMovements, CarryForward{}, kCausali, ListBuilder::Filtered,
                         {"31/12/2024", "31/12/2024", " TUTTE"});
-  struct Case {
-    const MovementList* list;
-    std::size_t row;
-    std::optional<std::size_t> number;
-  };
-  const std::vector<Case> cases = {
-      {&withCarry, 0, std::nullopt},  // the carry-forward line
-      {&withCarry, 1, 2},
-      {&withCarry, 2, 3},
-      {&withCarry, 5, 1},
-      {&withCarry, 6, std::nullopt},  // separator
-      {&withCarry, 7, std::nullopt},  // totals, past the count
-      {&withoutCarry, 0, 2},
-      {&withoutCarry, 4, 1},
-      {&withoutCarry, 5, std::nullopt},
-      {&withoutCarry, 6, std::nullopt},
-      {&withoutCarry, 99, std::nullopt},
-      {&filtered, 0, 2},
-      {&filtered, 1, std::nullopt},  // separator
-      {&filtered, 2, std::nullopt},  // totals line, within the account's count
-      {&filtered, 4, std::nullopt},  // out-of-list line
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(pickedMovementNumber(*c.list, c.row, kMovements.size()), c.number) << c.row;
+  const std::optional<std::size_t> none;
+  // The number each line picks, from the first line on; every later line picks nothing.
+  const std::vector<std::pair<const MovementList*, std::vector<std::optional<std::size_t>>>> cases =
+      {
+          {&withCarry, {none, 2, 3, 4, 5, 1, none, none}},  // carry forward; separator; totals
+          {&withoutCarry, {2, 3, 4, 5, 1, none, none, none, none}},
+          {&filtered, {2, none, none, none, none}},  // totals within the account's count
+      };
+  for (const auto& [list, numbers] : cases) {
+    for (std::size_t row = 0; row < numbers.size(); ++row) {
+      EXPECT_EQ(pickedMovementNumber(*list, row, kMovements.size()), numbers[row]) << row;
+    }
   }
+  EXPECT_EQ(pickedMovementNumber(withoutCarry, 99, kMovements.size()), none);
 }
 
 TEST(MovementListTest, MovementTenThousandIsPickedWithItsFiveDigits) {

@@ -20,14 +20,16 @@ class AccountsTest : public test::ArchiveTest {
                       test::categoryRecord(3, "T3", "Banche", "Aziende")});
   }
 
+  // Account `code` of category "Carte", as record `number`.
+  static Bytes card(int number, const std::string& code) {
+    return test::accountRecord(
+        {number, code, "Carte", "Conto " + code, "", "", "", "", "", "Privati"});
+  }
+
   void writeAccounts(const std::vector<std::string>& codes) {
     std::vector<Bytes> records;
     for (std::size_t i = 0; i < codes.size(); ++i) {
-      records.push_back(test::accountRecord({.number = static_cast<int>(i + 1),
-                                             .code = codes[i],
-                                             .category = "Carte",
-                                             .name = "Conto " + codes[i],
-                                             .group = "Privati"}));
+      records.push_back(card(static_cast<int>(i + 1), codes[i]));
     }
     test::writeTable(folder, "CONTI.CON", "RecConti.CON", records);
   }
@@ -53,16 +55,9 @@ TEST_F(AccountsTest, TheGroupComesFromTheLastCategoryOfThatDescription) {
   screen.setField("Fido", "5000");
   ASSERT_TRUE(screen.pickChoice("Banche"));
   ASSERT_TRUE(screen.save());
-  EXPECT_EQ(folder.read("CONTI.CON"), test::accountRecord({.number = 1,
-                                                           .code = "100",
-                                                           .category = "Banche",
-                                                           .name = "Banca Societ\xE0",
-                                                           .address = "Via Roma 1",
-                                                           .postCode = "10100",
-                                                           .town = "Torino",
-                                                           .province = "TO",
-                                                           .creditLine = "5000",
-                                                           .group = "Aziende"}));
+  EXPECT_EQ(folder.read("CONTI.CON"),
+            test::accountRecord({1, "100", "Banche", "Banca Societ\xE0", "Via Roma 1", "10100",
+                                 "Torino", "TO", "5000", "Aziende"}));
   EXPECT_EQ(folder.read("RecConti.CON"), test::le16(1));
   EXPECT_EQ(session.tables().accounts.size(), 1U);
   EXPECT_EQ(screen.rows(),
@@ -70,21 +65,17 @@ TEST_F(AccountsTest, TheGroupComesFromTheLastCategoryOfThatDescription) {
 }
 
 TEST_F(AccountsTest, AChangeToAVanishedCategoryKeepsTheGroupItHad) {
-  test::writeTable(
-      folder, "CONTI.CON", "RecConti.CON",
-      {test::accountRecord(
-          {.number = 1, .code = "7", .category = "Vecchia", .name = "Conto", .group = "Storico"})});
+  const auto record = [](const std::string& name) {
+    return test::accountRecord({1, "7", "Vecchia", name, "", "", "", "", "", "Storico"});
+  };
+  test::writeTable(folder, "CONTI.CON", "RecConti.CON", {record("Conto")});
   Session session = startedSession();
   AccountsScreen screen(session);
   screen.chooseRow(0);
   EXPECT_EQ(screen.field("Combo1"), "Vecchia");
   screen.setField("NomeConto", "Conto rinominato");
   ASSERT_TRUE(screen.save());
-  EXPECT_EQ(folder.read("CONTI.CON"), test::accountRecord({.number = 1,
-                                                           .code = "7",
-                                                           .category = "Vecchia",
-                                                           .name = "Conto rinominato",
-                                                           .group = "Storico"}));
+  EXPECT_EQ(folder.read("CONTI.CON"), record("Conto rinominato"));
 }
 
 TEST_F(AccountsTest, TheChecksOfOkInTheirOrder) {
@@ -92,26 +83,19 @@ TEST_F(AccountsTest, TheChecksOfOkInTheirOrder) {
   Session session = startedSession();
   AccountsScreen screen(session);
   const auto before = test::snapshot(folder);
-  screen.setField("CodConto", "   ");
-  EXPECT_FALSE(screen.save());
-  typeNew(screen, "ab ");
-  EXPECT_FALSE(screen.save());
-  screen.setField("CodConto", " AB");
-  EXPECT_FALSE(screen.save());
-  screen.setField("CodConto", "PERÙ");  // names the same files as "Perù"
-  EXPECT_FALSE(screen.save());
-  screen.setField("CodConto", "CD");
-  screen.pickChoice("");
-  EXPECT_FALSE(screen.save());
+  // "PERÙ" names the same files as "Perù"; the category is checked after the code.
+  for (const auto& [code, category] : std::vector<std::pair<std::string, std::string>>{
+           {"   ", ""}, {"ab ", "Carte"}, {" AB", "Carte"}, {"PERÙ", "Carte"}, {"CD", ""}}) {
+    screen.setField("CodConto", code);
+    screen.pickChoice(category);
+    EXPECT_FALSE(screen.save()) << code;
+  }
+  const Message duplicate = errorBox(
+      "Si è inserito un numero di conto già esistente, i dati inseriti non possono "
+      "essere salvati. Cambiare il nr. di conto e riprovare.");
   EXPECT_EQ(prompter.messages,
             (std::vector<Message>{
-                errorBox("Nr. di conto obbligatorio"),
-                errorBox("Si è inserito un numero di conto già esistente, i dati inseriti non "
-                         "possono essere salvati. Cambiare il nr. di conto e riprovare."),
-                errorBox("Si è inserito un numero di conto già esistente, i dati inseriti non "
-                         "possono essere salvati. Cambiare il nr. di conto e riprovare."),
-                errorBox("Si è inserito un numero di conto già esistente, i dati inseriti non "
-                         "possono essere salvati. Cambiare il nr. di conto e riprovare."),
+                errorBox("Nr. di conto obbligatorio"), duplicate, duplicate, duplicate,
                 errorBox("Campo Tipo conto obbligatorio, selezionare un tipo e riprovare.")}));
   EXPECT_EQ(test::snapshot(folder), before);
 }
@@ -205,19 +189,7 @@ TEST_F(AccountsTest, DeletingAccount1TakesTheFilesOfAccount10AndNoOtherFile) {
                                       "CONTI.CON", "Causali.CAP", "Gruppi.con", "RecCausa.CAP",
                                       "RecConti.CON", "RecTipo.con", "Reccausali.con", "Tipo.con",
                                       "causali.con", "records.rer"}));
-  const Bytes third = test::accountRecord(
-      {.number = 3, .code = "2", .category = "Carte", .name = "Conto 2", .group = "Privati"});
-  EXPECT_EQ(folder.read("CONTI.CON"), test::cat({test::accountRecord({.number = 1,
-                                                                      .code = "10",
-                                                                      .category = "Carte",
-                                                                      .name = "Conto 10",
-                                                                      .group = "Privati"}),
-                                                 test::accountRecord({.number = 2,
-                                                                      .code = "2",
-                                                                      .category = "Carte",
-                                                                      .name = "Conto 2",
-                                                                      .group = "Privati"}),
-                                                 third}));
+  EXPECT_EQ(folder.read("CONTI.CON"), test::cat({card(1, "10"), card(2, "2"), card(3, "2")}));
   EXPECT_EQ(folder.read("RecConti.CON"), test::le16(2));
   EXPECT_EQ(session.tables().accounts.size(), 2U);
   EXPECT_EQ(screen.rows().size(), 2U);

@@ -16,24 +16,15 @@ namespace {
 
 using test::Bytes;
 
-std::string trimmed(std::string s) {
-  while (!s.empty() && s.back() == ' ') {
-    s.pop_back();
-  }
-  while (!s.empty() && s.front() == ' ') {
-    s.erase(s.begin());
-  }
-  return s;
-}
-
-// The causale code (bytes 12..16) of record `n` of a movement file read by hand.
+// The causale code (bytes 12..16, blanks dropped) of record `n` of a movement file read by hand.
 std::string causaleOfRecord(const Bytes& file, std::size_t n) {
   const std::size_t at = (n - 1) * 87 + 12;
   if (at + 5 > file.size()) {
     return "";
   }
-  return trimmed(
-      std::string(file.begin() + static_cast<long>(at), file.begin() + static_cast<long>(at) + 5));
+  std::string code(file.begin() + static_cast<long>(at), file.begin() + static_cast<long>(at) + 5);
+  code.erase(code.find_last_not_of(' ') + 1);
+  return code;
 }
 
 // The scan as the causali window has always run it.
@@ -60,69 +51,59 @@ long literalScan(const test::TempFolder& folder, const std::vector<std::string>&
 
 class CausaleUsageTest : public test::ArchiveTest {
  protected:
-  std::vector<Account> accounts(const std::vector<std::string>& codes) {
-    std::vector<Account> out;
-    for (const std::string& code : codes) {
-      Account a;
-      a.accountCode = code;
-      out.push_back(a);
+  static std::vector<Account> accounts(const std::vector<std::string>& codes) {
+    std::vector<Account> out(codes.size());
+    for (std::size_t i = 0; i < codes.size(); ++i) {
+      out[i].accountCode = codes[i];
     }
     return out;
   }
 
-  static std::vector<Movement> movements(const std::vector<std::string>& codes) {
-    std::vector<Movement> out;
-    for (const std::string& code : codes) {
-      Movement m;
-      m.causaleCode = code;
-      out.push_back(m);
+  static std::vector<Movement> movements(const std::vector<std::string>& causali) {
+    std::vector<Movement> out(causali.size());
+    for (std::size_t i = 0; i < causali.size(); ++i) {
+      out[i].causaleCode = causali[i];
     }
     return out;
   }
 
   void writeAccount(const std::string& code, const std::vector<std::string>& causali) {
-    std::vector<test::MovementSpec> specs;
-    for (const std::string& c : causali) {
-      specs.push_back({.causale = c});
+    std::vector<test::MovementSpec> specs(causali.size());
+    for (std::size_t i = 0; i < causali.size(); ++i) {
+      specs[i].causale = causali[i];
     }
     test::writeMovements(folder, code, specs);
   }
 };
 
-TEST_F(CausaleUsageTest, OnlyTheLastMovementOfAnAccountIsReadIntoItsSlot) {
-  writeAccount("A", {"VER", "PRE", "VER"});
-  const auto all = accounts({"A"});
-  EXPECT_EQ(countCausaleUses(dir, all, {}, "VER"), 1);
-  EXPECT_EQ(countCausaleUses(dir, all, {}, "PRE"), 0);
-}
-
-TEST_F(CausaleUsageTest, AReplacedSlotStaysForTheAccountsScannedAfter) {
-  writeAccount("A", {"PRE", "VER"});         // slot 2 := VER, counts 1
+TEST_F(CausaleUsageTest, EachAccountReadsOnlyItsLastMovementAndTheSlotStaysForTheNext) {
+  writeAccount("A", {"VER", "PRE", "VER"});  // slot 3 := VER, counts 1
+  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), {}, "VER"), 1);
+  EXPECT_EQ(countCausaleUses(dir, accounts({"A"}), {}, "PRE"), 0);
+  writeAccount("P", {"PRE", "VER"});         // slot 2 := VER, counts 1
   writeAccount("B", {"BON", "BON", "PRE"});  // slot 3 := PRE; slot 2 still VER, counts 1
-  EXPECT_EQ(countCausaleUses(dir, accounts({"A", "B"}), {}, "VER"), 2);
-  EXPECT_EQ(countCausaleUses(dir, accounts({"B", "A"}), {}, "VER"), 1);
+  EXPECT_EQ(countCausaleUses(dir, accounts({"P", "B"}), {}, "VER"), 2);
+  EXPECT_EQ(countCausaleUses(dir, accounts({"B", "P"}), {}, "VER"), 1);
 }
 
 TEST_F(CausaleUsageTest, AgreesWithTheLiteralScanOnVariedArchives) {
   const std::array<std::string, 4> causali = {"VER", "PRE", "BON", "ver"};
   std::mt19937 random(20261121);
+  const auto randomCausali = [&](std::uint32_t most) {
+    std::vector<std::string> out(random() % most);
+    for (std::string& c : out) {
+      c = causali[random() % causali.size()];
+    }
+    return out;
+  };
   for (int round = 0; round < 20; ++round) {
     std::vector<std::string> codes;
     const int accountCount = 1 + static_cast<int>(random() % 8);
     for (int a = 0; a < accountCount; ++a) {
       codes.push_back("R" + std::to_string(round) + "A" + std::to_string(a));
-      std::vector<std::string> own;
-      const int n = static_cast<int>(random() % 12);
-      for (int m = 0; m < n; ++m) {
-        own.push_back(causali[random() % causali.size()]);
-      }
-      writeAccount(codes.back(), own);
+      writeAccount(codes.back(), randomCausali(12));
     }
-    std::vector<std::string> working;
-    const int w = static_cast<int>(random() % 10);
-    for (int m = 0; m < w; ++m) {
-      working.push_back(causali[random() % causali.size()]);
-    }
+    const std::vector<std::string> working = randomCausali(10);
     for (const std::string& causale : causali) {
       EXPECT_EQ(countCausaleUses(dir, accounts(codes), movements(working), causale),
                 literalScan(folder, codes, working, causale))
