@@ -241,6 +241,9 @@ int WriteJournal::note(JournalEntry entry) {
     rc = files.sync(dir_->folder());  // the journal's own name is on the disk too
   }
   if (rc != diskerr::kOk) {
+    if (entries_.empty()) {
+      files.remove(journal);  // ours, and nothing was changed yet: a retry starts clean
+    }
     return fail(rc, filename::kJournal);
   }
   journalSize_ += bytes.size();

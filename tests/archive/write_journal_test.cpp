@@ -95,5 +95,18 @@ TEST_F(WriteJournalTest, ACopyIsTakenBackWithTheFileItReplaced) {
   }
 }
 
+TEST_F(WriteJournalTest, AJournalThatCouldNotStartLeavesNothingAndTheRetryWorks) {
+  folder.write("A.dat", {1});
+  files.failJournalWrite(diskerr::kDiskFull);
+  WriteJournal first(dir);
+  first.write(folder.file("A.dat"), 0, {2});
+  EXPECT_EQ(first.finish().error, diskerr::kDiskFull);
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"A.dat"});
+  WriteJournal retry(dir);
+  retry.write(folder.file("A.dat"), 0, {2});
+  EXPECT_TRUE(retry.finish().ok());
+  EXPECT_EQ(folder.read("A.dat"), Bytes{2});
+}
+
 }  // namespace
 }  // namespace contavia

@@ -74,6 +74,12 @@ int FaultyFileLayer::write(const std::string& path, std::uint64_t offset, const 
                 crashPartialBytes_ > 0 ? std::min(crashPartialBytes_, size) : size);
     std::_Exit(kCrashed);
   }
+  if (journalError_ && path.ends_with(filename::kJournal)) {
+    const int error = *journalError_;
+    journalError_.reset();
+    real_.write(path, offset, data, std::min<std::size_t>(1, size));
+    return error;
+  }
   if (writeFails(path)) {
     const int error = writeError_;
     if (partialBytes_ > 0) {

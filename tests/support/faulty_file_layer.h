@@ -18,6 +18,9 @@ class FaultyFileLayer final : public FileLayer {
   void failWrite(int n, int error, bool sticky = false, std::size_t partialBytes = 0);
   // Every operation on a path containing `text` fails with `error`.
   void failPath(std::string text, int error);
+  // The next write of the write journal fails with `error` after putting its first byte on disk
+  // (the journal file exists then, as when a disk fills up).
+  void failJournalWrite(int error) { journalError_ = error; }
   void heal();
   // The program ends (exit status kCrashed) right after its `n`-th change from now: a write, a
   // truncation, a removal or a renaming. With `partialBytes` a write puts only that many of its
@@ -62,6 +65,7 @@ class FaultyFileLayer final : public FileLayer {
   int pathError_ = 0;
   std::optional<int> crashAt_;
   std::size_t crashPartialBytes_ = 0;
+  std::optional<int> journalError_;
 };
 
 }  // namespace contavia::test
