@@ -152,6 +152,24 @@ void showAbandoned(Prompter& prompter, int verdict) {
                                                         : "Errore irrecuperabile"));
 }
 
+void showGivenUp(Prompter& prompter, int verdict, const WriteOutcome& outcome) {
+  showAbandoned(prompter, verdict);
+  written(prompter, outcome);
+}
+
+bool stepUnderRoutine(Prompter& prompter, const std::function<WriteOutcome()>& step) {
+  WriteOutcome outcome;
+  const int verdict = retryUnderRoutine(prompter, [&] {
+    outcome = step();
+    return outcome.error;
+  });
+  if (verdict == kDiskStepDone) {
+    return true;
+  }
+  showGivenUp(prompter, verdict, outcome);
+  return false;
+}
+
 Message fileNotWrittenBox(const std::string& path) {
   return errorBox("Impossibile scrivere il file " + path + ".");
 }

@@ -56,6 +56,13 @@ int retryUnderRoutine(Prompter& prompter, const std::function<int()>& action);
 // "Errore irrecuperabile", or "Erore non riconosciuto" for an error the routine does not know.
 void showAbandoned(Prompter& prompter, int verdict);
 
+// An all-or-nothing step (its writes taken back when it fails) under the routine: Retry repeats
+// it whole; any other answer ends it with "Errore irrecuperabile" (or "Erore non riconosciuto")
+// and the message that names the file that could not be written. True when the step went.
+bool stepUnderRoutine(Prompter& prompter, const std::function<WriteOutcome()>& step);
+// The two messages of a step given up at the routine with `verdict` after `outcome`.
+void showGivenUp(Prompter& prompter, int verdict, const WriteOutcome& outcome);
+
 // A short description of an error number for the messages that name a file ("disco pieno").
 std::string describeDiskError(int errorNumber);
 

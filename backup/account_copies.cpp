@@ -113,11 +113,25 @@ bool saveCopies(Session& session, const std::string& folder, const std::vector<s
   return true;
 }
 
-// The files of one account to copy back: from the backup folder to the DataDirectory.
-struct RestoredFile {
-  std::string from;
-  std::string to;
-};
+// Copies one account's files back from the backup folder, all or nothing. Its movements and
+// their count go together: a copy that has one without the other is refused, naming the
+// missing file, since restoring it would leave the account's count and movements at odds.
+WriteOutcome restoreAccount(const DataDirectory& dir, const FolderNames& there,
+                            const std::string& code) {
+  FileLayer& files = dir.files();
+  const std::string movements = there.path(code + filename::kMovements, true);
+  const std::string count = there.path(code + filename::kMovementCount, true);
+  if (files.exists(movements) != files.exists(count)) {
+    return {diskerr::kFileNotFound, files.exists(movements) ? count : movements};
+  }
+  WriteJournal journal(dir);
+  for (const char* extension : kBackupExtensions) {
+    if (const std::string from = there.path(code + extension, true); files.exists(from)) {
+      journal.copy(from, dir.path(code + extension));
+    }
+  }
+  return journal.finish();
+}
 
 bool restoreCopies(Session& session, const std::string& folder,
                    const std::vector<std::string>& codes, const BackupProgress& progress) {
@@ -127,46 +141,47 @@ bool restoreCopies(Session& session, const std::string& folder,
   }
   const DataDirectory& dir = session.dir();
   const FolderNames there(dir.files(), folder);
-  std::vector<std::vector<RestoredFile>> perAccount(codes.size());
+  // The accounts the folder holds copies of, and the files they will replace.
+  std::vector<std::string> found;
   std::vector<std::string> replaced;
-  for (std::size_t i = 0; i < codes.size(); ++i) {
+  for (const std::string& code : codes) {
+    bool any = false;
     for (const char* extension : kBackupExtensions) {
-      if (std::string from = there.path(codes[i] + extension, false); !from.empty()) {
-        const std::string to = dir.path(codes[i] + extension);
-        replaced.push_back(fileNameOf(to));
-        perAccount[i].push_back({std::move(from), to});
+      if (!there.path(code + extension, false).empty()) {
+        replaced.push_back(fileNameOf(dir.path(code + extension)));
+        any = true;
       }
     }
+    if (any) {
+      found.push_back(code);
+    }
   }
-  if (replaced.empty()) {
+  if (found.empty()) {
     prompter.show(
         errorBox("Nella cartella " + folder + " non ci sono copie dei conti da ripristinare."));
     return false;
   }
-  if (!written(prompter, makeSafetyCopy(dir, session.clock(), "ripristino-copie", replaced))) {
+  if (!stepUnderRoutine(prompter, [&] {
+        return makeSafetyCopy(dir, session.clock(), "ripristino-copie", replaced);
+      })) {
     return false;
   }
   std::size_t restored = 0;
   bool completed = true;
-  for (std::size_t i = 0; i < codes.size() && completed; ++i) {
-    if (!perAccount[i].empty()) {
-      // An account's files go back together or not at all.
-      const int verdict = retryUnderRoutine(prompter, [&] {
-        WriteJournal journal(dir);
-        for (const RestoredFile& f : perAccount[i]) {
-          journal.copy(f.from, f.to);
-        }
-        return journal.finish().error;
-      });
-      if (verdict == kDiskStepDone) {
-        ++restored;
-      } else if (verdict != kVerdictIgnore) {
-        showAbandoned(prompter, verdict);
-        completed = false;
-      }
+  for (std::size_t i = 0; i < found.size() && completed; ++i) {
+    WriteOutcome outcome;
+    const int verdict = retryUnderRoutine(prompter, [&] {
+      outcome = restoreAccount(dir, there, found[i]);
+      return outcome.error;
+    });
+    if (verdict == kDiskStepDone) {
+      ++restored;
+    } else if (verdict != kVerdictIgnore) {
+      showGivenUp(prompter, verdict, outcome);
+      completed = false;
     }
     if (progress) {
-      progress(i + 1, codes.size());
+      progress(i + 1, found.size());
     }
   }
   if (const auto index = session.accountIndex()) {

@@ -158,22 +158,17 @@ ClosingResult closePeriod(Session& session, const std::string& typedDate,
     files.remove(result.archivePath);
     return result;
   }
-  const auto dropArchive = [&] { files.remove(result.archivePath); };
-  if (!written(prompter, makeSafetyCopy(dir, session.clock(), "chiusura",
-                                        filesTheClosingChanges(dir, code)))) {
-    dropArchive();
-    return result;
-  }
-  WriteOutcome outcome;
-  const int verdict = retryUnderRoutine(prompter, [&] {
-    WriteJournal journal(dir);
-    writeClosing(journal, dir, *account, plan, undo, carry);
-    outcome = journal.finish();
-    return outcome.error;
-  });
-  if (verdict != kDiskStepDone) {
-    written(prompter, outcome);
-    dropArchive();
+  const std::vector<std::string> changed = filesTheClosingChanges(dir, code);
+  const bool done =
+      stepUnderRoutine(prompter,
+                       [&] { return makeSafetyCopy(dir, session.clock(), "chiusura", changed); }) &&
+      stepUnderRoutine(prompter, [&] {
+        WriteJournal journal(dir);
+        writeClosing(journal, dir, *account, plan, undo, carry);
+        return journal.finish();
+      });
+  if (!done) {
+    files.remove(result.archivePath);
     return result;
   }
   session.openAccount(*index);  // the movements read back, the totals recomputed

@@ -92,19 +92,17 @@ bool undoLastClosing(Session& session) {
     }
   }
   const ClosingUndo previous = firstRecordOf<ClosingUndo>(dir, code + filename::kClosingUndo);
-  if (!written(prompter, makeSafetyCopy(dir, session.clock(), "ripristino-chiusura",
-                                        accountFilesMatching(dir, code, CodeMatch::Exact)))) {
-    return false;
-  }
-  WriteOutcome outcome;
-  const int verdict = retryUnderRoutine(prompter, [&] {
-    WriteJournal journal(dir);
-    writeUndo(journal, dir, code, previous);
-    outcome = journal.finish();
-    return outcome.error;
-  });
-  if (verdict != kDiskStepDone) {
-    written(prompter, outcome);
+  const std::vector<std::string> changed = accountFilesMatching(dir, code, CodeMatch::Exact);
+  const bool done =
+      stepUnderRoutine(
+          prompter,
+          [&] { return makeSafetyCopy(dir, session.clock(), "ripristino-chiusura", changed); }) &&
+      stepUnderRoutine(prompter, [&] {
+        WriteJournal journal(dir);
+        writeUndo(journal, dir, code, previous);
+        return journal.finish();
+      });
+  if (!done) {
     return false;
   }
   session.openAccount(*index);

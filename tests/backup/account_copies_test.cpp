@@ -137,6 +137,22 @@ TEST_F(AccountCopiesTest, RestoreWalksTodaysAccountsAndShowsTheWorkingOneAsResto
   EXPECT_FALSE(folder.exists("CC10.MOC"));
 }
 
+TEST_F(AccountCopiesTest, MovementsWithoutTheirCountAreNotRestored) {
+  ASSERT_TRUE(save());
+  std::filesystem::remove(stick + "/CC1.MOR");
+  openWith({{.date = "01/02/2026", .causale = "AFF", .amount = 5, .sign = "D"}});
+  const auto before = test::snapshot(folder);
+  prompter.answer({Answer::Ok});
+  EXPECT_FALSE(restore());
+  EXPECT_EQ(test::snapshot(folder), before);
+  const std::vector<std::string> texts = prompter.texts();
+  ASSERT_EQ(texts.size(), 4U);
+  EXPECT_EQ(texts[1], "Il file non esiste.");
+  EXPECT_EQ(texts[2], "Errore irrecuperabile");
+  EXPECT_TRUE(texts[3].starts_with("Impossibile scrivere il file " + stick + "/CC1.MOR ("))
+      << texts[3];
+}
+
 TEST_F(AccountCopiesTest, ARestoreThatFailsAnywhereLeavesEveryFileAsItWas) {
   ASSERT_TRUE(save());
   openWith({{.date = "01/02/2026", .causale = "AFF", .amount = 5, .sign = "D"}});
