@@ -11,6 +11,9 @@ int runCopies(Context& c, BackupMode mode) {
   const Arguments args = c.arguments({"conto"});
   args.expectAtMost(1);
   const std::string& folder = args.positional(0, "CARTELLA");
+  if (folder.empty()) {
+    throw UsageError("CARTELLA vuota");
+  }
   if (!c.session.start()) {
     return kExitStopped;
   }

@@ -16,10 +16,14 @@ int chiusura(Context& c) {
   args.expectAtMost(2);
   const std::string& code = args.positional(0, "CONTO");
   const std::string& date = args.positional(1, "DATA");
+  requireReportFolder(args.option("stampa"));
   if (!openWorkingAccount(c, code)) {
     return kExitStopped;
   }
-  // The date goes to the closing as typed in `DataChiusura`: its own checks give the messages.
+  // An empty date goes to the closing, which asks for it; any other must be a whole date.
+  if (!date.empty() && date != "__/__/____") {
+    requireDate(date);
+  }
   const ClosingResult result =
       closePeriod(c.session, date, [](const Report& report, const std::string& path) {
         return ui::writeReportPdf(report, QString::fromStdString(path));

@@ -1,5 +1,6 @@
 #include "cli/report_output.h"
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -10,6 +11,17 @@
 #include "ui/report_painter.h"
 
 namespace contavia::cli {
+
+void requireReportFolder(const std::optional<std::string>& file) {
+  if (!file) {
+    return;
+  }
+  const std::filesystem::path folder = std::filesystem::path(*file).parent_path();
+  std::error_code ec;
+  if (!folder.empty() && !std::filesystem::is_directory(folder, ec)) {
+    throw UsageError("la cartella di --stampa non esiste: \"" + folder.string() + "\"");
+  }
+}
 
 int deliverReport(Context& c, const Report& report, const std::optional<std::string>& file) {
   TextPrinter text;

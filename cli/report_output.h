@@ -11,6 +11,10 @@
 
 namespace contavia::cli {
 
+// Refuses as a usage error a FILE whose folder does not exist: checked before an action that
+// cannot be repeated (a closing) so that its report has somewhere to go.
+void requireReportFolder(const std::optional<std::string>& file);
+
 // Exit status 0 when the report was written; 1 (after the message) when FILE could not be.
 int deliverReport(Context& c, const Report& report, const std::optional<std::string>& file);
 

@@ -111,8 +111,15 @@ bool typedDateAccepted(std::string_view text, const std::string& requiredText, P
     prompter.show(errorBox(requiredText));
     return false;
   }
+  // A date typed only in part ("15/03/____") is no date: it would be written as it stands.
+  const bool complete = t.size() == 10 && t[2] == '/' && t[5] == '/' &&
+                        std::all_of(t.begin(), t.end(),
+                                    [](char ch) { return ch == '/' || (ch >= '0' && ch <= '9'); });
+  if (!complete) {
+    prompter.show(wrongDateBox());
+    return false;
+  }
   bool ok = true;
-  // The day, month and year as the mask places them; a blank part reads as 0.
   validateDate(static_cast<int>(val(leftChars(t, 2))), static_cast<int>(val(midChars(t, 3, 2))),
                static_cast<int>(val(midChars(t, 6, 4))), ok, prompter);
   return ok;

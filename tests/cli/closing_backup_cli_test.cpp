@@ -86,5 +86,21 @@ TEST_F(ClosingBackupCliTest, BackupOfOneOrEveryAccountAndTheRestoreOfEvery) {
   EXPECT_EQ(cli({"movimenti", "BANCA"}).out, listed);
 }
 
+TEST_F(ClosingBackupCliTest, UsageErrorsChangeNothing) {
+  const std::vector<std::vector<std::string>> cases = {
+      {"--si", "chiusura", "BANCA", "15/3/2025"},
+      {"--si", "chiusura", "BANCA", "15/03/____"},
+      {"--si", "chiusura", "BANCA", "31/12/2024", "--stampa", data.file("manca/r.txt")},
+      {"backup", ""},
+  };
+  const auto before = test::snapshot(data);
+  for (const auto& args : cases) {
+    SCOPED_TRACE(args[1] + " " + args.back());
+    const test::ProgramResult r = cli(args);
+    EXPECT_EQ(r.exitCode, 2) << r.err;
+    EXPECT_EQ(test::snapshot(data), before);
+  }
+}
+
 }  // namespace
 }  // namespace contavia

@@ -201,6 +201,7 @@ TEST_F(ClosingTest, RefusalsChangeNothing) {
       {"untouched field", "__/__/____", {}, "Campo data obbligatorio"},
       {"empty field", "", {}, "Campo data obbligatorio"},
       {"no such day", "31/02/2026", {}, wrongDateBox().text},
+      {"year not typed", "15/01/____", {}, wrongDateBox().text},
       {"cancel at the warning", "15/01/2026", {Answer::Cancel}, kClosingWarning},
   };
   for (const Case& c : cases) {
