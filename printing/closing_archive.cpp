@@ -6,23 +6,18 @@
 namespace contavia {
 namespace {
 
-// Where the columns of the heading end: each amount ends under the last letter of its heading,
-// the description starts under "Descr.".
-constexpr std::size_t kDateEnd = 11;
-constexpr std::size_t kDebitEnd = 24;
-constexpr std::size_t kCreditEnd = 36;
+// A debit stands 11 blanks after the date, a credit 12; the description starts under
+// "Descr. Movimento".
+constexpr std::size_t kDebitBlanks = 11;
+constexpr std::size_t kCreditBlanks = 12;
 constexpr std::size_t kDescriptionStart = 51;
 
 }  // namespace
 
 std::string removedMovementLine(const Movement& m) {
-  std::string line = padRight(" " + m.operationDate, kDateEnd);
-  const std::string amount = formatNumber(m.amount, "###,###,##0.00");
-  if (m.sign == "A") {
-    line += padLeft(amount, kCreditEnd - kDateEnd);
-  } else {
-    line += padLeft(amount, kDebitEnd - kDateEnd);
-  }
+  const std::size_t blanks = m.sign == "A" ? kCreditBlanks : kDebitBlanks;
+  const std::string line =
+      m.operationDate + std::string(blanks, ' ') + formatNumber(m.amount, "###,###,##0.00");
   return padRight(line, kDescriptionStart) + trimRight(m.description);
 }
 

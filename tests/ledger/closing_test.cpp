@@ -134,8 +134,9 @@ TEST_F(ClosingTest, ClosingLeavesTheFilesTheUndoNeedsAndTheReport) {
                 result.archivePath + ".");
   EXPECT_EQ(
       result.report.lines,
-      (std::vector<std::string>{" 10/01/2026       100,00                           Affitto",
-                                " 15/01/2026                    30,50               Rimborso"}));
+      (std::vector<std::string>{
+          "10/01/2026" + std::string(11, ' ') + "100,00" + std::string(24, ' ') + "Affitto",
+          "15/01/2026" + std::string(12, ' ') + "30,50" + std::string(24, ' ') + "Rimborso"}));
 
   // Slot 1 holds the kept movement renumbered; slot 2 the removed one marked; slot 3 as it was.
   MovementSpec kept = kThreeMovements[2];

@@ -122,8 +122,8 @@ TEST(Reports, ClosingArchiveEndsWithTheBreakFooterAndItsOwnMark) {
                 "", sp(34) + "Elenco Movimenti Eliminati",
                 sp(23) + "Stampato il 21/11/2026  al 15/01/2026", "", "", rule(95),
                 "    Data       Mov. Dare  Mov. Avere       Saldo   Descr. Movimento", rule(95), "",
-                " 10/01/2026 1.234.567,50" + sp(27) + "Affitto",
-                " 10/01/2026" + sp(21) + "0,50" + sp(15) + "Affitto"}));
+                "10/01/2026" + sp(11) + "1.234.567,50" + sp(18) + "Affitto",
+                "10/01/2026" + sp(12) + "0,50" + sp(25) + "Affitto"}));
   EXPECT_EQ(
       std::vector<std::string>(lines.end() - 3, lines.end()),
       (std::vector<std::string>{rule(95), "", sp(42) + "Pagina 1" + sp(17) + "....fine stampa"}));
