@@ -17,14 +17,19 @@
 namespace contavia::ui {
 namespace {
 
-// Moves the focus on as a Tab key would (the program sends a Tab for Enter). A date box takes a
-// Tab to its next part, so there the Tab goes to the widget that holds it.
-void moveFocusOn(QWidget* widget) {
+// Moves the focus on (or back) as a Tab key would (the program sends a Tab for Enter). A date
+// box takes a Tab to its next part, so there the Tab goes to the widget that holds it.
+void moveFocusOn(QWidget* widget, bool forward = true) {
   QWidget* to = qobject_cast<QAbstractSpinBox*>(widget) != nullptr && widget->parentWidget()
                     ? widget->parentWidget()
                     : widget;
-  QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+  QKeyEvent tab(QEvent::KeyPress, forward ? Qt::Key_Tab : Qt::Key_Backtab,
+                forward ? Qt::NoModifier : Qt::ShiftModifier);
   QCoreApplication::sendEvent(to, &tab);
+}
+
+bool isTab(const QKeyEvent* key) {
+  return key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
 }
 
 bool isEnter(const QKeyEvent* key) {
@@ -78,6 +83,13 @@ class KeyRuleFilter : public QObject {
       return QObject::eventFilter(watched, event);
     }
     auto* key = static_cast<QKeyEvent*>(event);
+    if (isTab(key)) {  // no character: Tab and Shift+Tab always leave the field
+      if (movingOn_) {
+        return false;  // the Tab sent by moveOn, on its way to the field
+      }
+      moveOn(key->key() == Qt::Key_Tab);
+      return true;
+    }
     const char code = keyCode(key);
     if (code == 0) {
       return false;
@@ -92,7 +104,7 @@ class KeyRuleFilter : public QObject {
         }
         return true;
       case KeyVerdict::MoveFocus:
-        moveFocusOn(field_);
+        moveOn(true);
         return true;
       case KeyVerdict::Refuse:
         prompter_->beep();
@@ -102,9 +114,16 @@ class KeyRuleFilter : public QObject {
   }
 
  private:
+  void moveOn(bool forward) {
+    movingOn_ = true;
+    moveFocusOn(field_, forward);
+    movingOn_ = false;
+  }
+
   QWidget* field_;
   KeyRule rule_;
   Prompter* prompter_;
+  bool movingOn_ = false;
 };
 
 class EnterClicks : public QObject {

@@ -290,6 +290,26 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.frame->focusWidget(), child<QLineEdit>(w, "IMPORTO"));  // once active again
   }
 
+  void tabAndShiftTabLeaveEveryField() {
+    Fixture f;
+    f.choose("100");
+    QWidget* w = f.form9();
+    // Tab and Shift+Tab are no characters: the fields with key rules let them move on, as every
+    // other field does, and nothing beeps.
+    const std::vector<std::tuple<const char*, const char*, const char*>> moves = {
+        {"IMPORTO", "NrDoc", "IMPORTO"},
+        {"DataInizSel", "Datafinesel", "DataInizSel"},
+        {"Datafinesel", "Combo1", "Datafinesel"}};
+    for (const auto& [from, next, back] : moves) {
+      click(child<QWidget>(w, from));
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      QCOMPARE(QApplication::focusWidget()->objectName(), QString(next));
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+      QCOMPARE(QApplication::focusWidget()->objectName(), QString(back));
+    }
+    QCOMPARE(f.prompter.beeps, 0);
+  }
+
   void selectChangeAbandonAndDeleteKeepTheBalancesInStep() {
     Fixture f;
     f.choose("100");

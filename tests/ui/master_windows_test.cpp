@@ -248,6 +248,13 @@ class MasterWindowsTest : public QObject {
     QTest::keyClick(postCode, Qt::Key_Backspace);
     QCOMPARE(postCode->text(), QString("2"));
     QCOMPARE(prompter_.beeps, 1);
+    // Enter is refused in "CAP" and "Fido"; Tab leaves them, to the next field.
+    QTest::keyClick(postCode, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), field("LocBanca"));
+    click(field("Fido"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("Combo1"));
+    QCOMPARE(prompter_.beeps, 1);
 
     prompter_.clear();
     pick("T1");
