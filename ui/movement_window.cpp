@@ -40,6 +40,7 @@ QDateEdit* dateBox(const QString& name) {
   box->setDisplayFormat(kDateFormat);
   box->setCalendarPopup(true);
   box->setMinimumDate(QDate(1900, 1, 1));
+  tabLeavesDateBox(box);
   return box;
 }
 
@@ -132,8 +133,8 @@ void MovementWindow::build() {
   enterMovesFocus(date_);
   enterMovesFocus(document_);
   enterMovesFocus(description_);
-  // Enter in the causale code goes straight to the amount (the next control in tab order).
-  enterMovesFocus(causale_);
+  // Enter in the causale code goes straight to the amount, past "Seleziona causale".
+  enterMovesFocusTo(causale_, amount_);
   applyKeyRule(
       amount_, [](const QString& text, char key) { return filterAmountKey(ss(text), key); },
       prompter);
@@ -198,11 +199,14 @@ void MovementWindow::build() {
   layout->addLayout(row);
   layout->addLayout(buttons);
 
-  setTabOrder(date_, causale_);
-  setTabOrder(causale_, amount_);
-  setTabOrder(amount_, document_);
-  setTabOrder(document_, description_);
-  setTabOrder(description_, ok_);
+  // The tab order follows the screen; the window opens on the date of a new movement.
+  const std::initializer_list<QWidget*> order = {
+      from_,   to_,       causaleFilter_, filterButton, list_,  date_,   causale_, pick,
+      amount_, document_, description_,   ok_,          clear_, delete_, print,    close};
+  for (auto at = order.begin(); std::next(at) != order.end(); ++at) {
+    setTabOrder(*at, *std::next(at));
+  }
+  setFocusProxy(date_);
   // The amount field looks the causale up when the user moves into it.
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
     if (now == amount_ && old != amount_ && !filling_) {

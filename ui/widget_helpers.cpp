@@ -36,19 +36,45 @@ bool isEnter(const QKeyEvent* key) {
   return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
 }
 
+// Enter moves the focus on, to the next control or to a given one.
 class EnterToTab : public QObject {
  public:
-  using QObject::QObject;
+  explicit EnterToTab(QObject* parent, QWidget* target = nullptr)
+      : QObject(parent), target_(target) {}
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::KeyPress && isEnter(static_cast<QKeyEvent*>(event))) {
+      if (target_ != nullptr) {
+        target_->setFocus(Qt::TabFocusReason);
+        return true;
+      }
       if (auto* w = qobject_cast<QWidget*>(watched)) {
         moveFocusOn(w);
         return true;
       }
     }
     return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QWidget* target_;
+};
+
+// Tab and Shift+Tab leave a date box rather than step through its day, month and year.
+class TabLeaves : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+    auto* w = qobject_cast<QWidget*>(watched);
+    if (key == nullptr || w == nullptr || !isTab(key) || w->parentWidget() == nullptr) {
+      return QObject::eventFilter(watched, event);
+    }
+    moveFocusOn(w, key->key() == Qt::Key_Tab);
+    return true;
   }
 };
 
@@ -177,6 +203,12 @@ void loadItalianTranslations(QCoreApplication& app) {
 }
 
 void enterMovesFocus(QWidget* field) { field->installEventFilter(new EnterToTab(field)); }
+
+void tabLeavesDateBox(QAbstractSpinBox* box) { box->installEventFilter(new TabLeaves(box)); }
+
+void enterMovesFocusTo(QWidget* field, QWidget* target) {
+  field->installEventFilter(new EnterToTab(field, target));
+}
 
 QLineEdit* maskedDateField(const QString& controlName, const QString& date) {
   auto* field = named(new QLineEdit, controlName);

@@ -11,6 +11,7 @@
 #include "common/key_rules.h"
 
 class QAbstractButton;
+class QAbstractSpinBox;
 class QAbstractItemModel;
 class QCoreApplication;
 class QLineEdit;
@@ -52,6 +53,10 @@ void loadItalianTranslations(QCoreApplication& app);
 
 // Moves the focus to the next control when Enter is pressed in a line edit.
 void enterMovesFocus(QWidget* field);
+// Tab and Shift+Tab move from a date box to the next or previous control.
+void tabLeavesDateBox(QAbstractSpinBox* box);
+// Enter in `field` gives the focus to `target`, wherever it stands in the tab order.
+void enterMovesFocusTo(QWidget* field, QWidget* target);
 
 // A date typed over the mask "##/##/####" (a blank shows as "_"; an empty field reads
 // "__/__/____"), as wide as its ten characters; Enter moves on.

@@ -294,6 +294,14 @@ class MainWindowTest : public QObject {
     Fixture f;
     f.choose("100");
     QWidget* w = f.form9();
+    // The window opens on the date of a new movement; Tab goes through the row as it is shown,
+    // and from the last button round to the date again.
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("dataoper"));
+    for (const char* next : {"Causale", "command3d1", "IMPORTO", "NrDoc", "DescMovim", "ok",
+                             "pulisci", "PulStampe", "Command3D8", "dataoper"}) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      QCOMPARE(QApplication::focusWidget()->objectName(), QString(next));
+    }
     // Tab and Shift+Tab are no characters: the fields with key rules let them move on, as every
     // other field does, and nothing beeps.
     const std::vector<std::tuple<const char*, const char*, const char*>> moves = {
