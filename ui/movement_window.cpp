@@ -96,11 +96,7 @@ void MovementWindow::build() {
   auto* heading = named(new QLabel(qs(movementListHeading())), "Intestazione");
   heading->setFont(fixedPitchFont(9));
   model_ = new QStringListModel(this);
-  list_ = named(new QListView, "ElencoMovim");
-  list_->setModel(model_);
-  list_->setFont(fixedPitchFont(9));
-  list_->setUniformItemSizes(true);
-  list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  list_ = fixedPitchList("ElencoMovim", model_);  // long lines scroll sideways, never cut
   list_->setMinimumHeight(220);
   heading->setIndent(list_->frameWidth() + 2);  // over the text of the rows
   connect(list_, &QListView::clicked, this,
