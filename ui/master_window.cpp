@@ -67,6 +67,7 @@ MasterWindow::~MasterWindow() = default;
 
 void MasterWindow::buildList(const WindowLook& look) {
   list_ = named(new QListWidget, look.listName);
+  list_->setAccessibleName(look.caption);  // the list is what the window is about
   list_->setFont(fixedPitchFont());
   const QFontMetrics metrics(list_->font());
   const auto columns = static_cast<qsizetype>(screen_->rowWidth());

@@ -29,11 +29,11 @@ namespace contavia::ui {
 inline QString qs(const std::string& text) { return QString::fromStdString(text); }
 inline std::string ss(const QString& text) { return text.toStdString(); }
 
-// Gives a widget its control name (objectName) and the same accessible name.
+// Gives a widget its control name (objectName). What a screen reader reads is the widget's
+// visible text, or for a field the caption of its label (its buddy), never the control name.
 template <class W>
 W* named(W* widget, const QString& controlName) {
   widget->setObjectName(controlName);
-  widget->setAccessibleName(controlName);
   return widget;
 }
 

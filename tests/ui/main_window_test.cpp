@@ -177,6 +177,9 @@ class MainWindowTest : public QObject {
       return rowsOf(f.selector()->view()).replaceInStrings(QRegularExpression(" .*"), "");
     };
     QCOMPARE(items(), (QStringList{"1", "2", "3", "4", "5", "1234567890"}));
+    // A screen reader reads what the user sees, not the control name.
+    QCOMPARE(readAloud(child<QWidget>(f.frame.get(), "Label1(0)")), QString("A"));
+    QCOMPARE(readAloud(child<QWidget>(f.frame.get(), "Label2")), QString("Saldo oggi:"));
     for (const auto& [label, shown] : std::vector<std::pair<int, QStringList>>{
              {9, {"2", "1234567890"}}, {21, {"3"}}, {0, {"1"}}}) {  // J, W, A
       click(f.label(QString("Label1(%1)").arg(label)));

@@ -109,7 +109,7 @@ class MasterWindowsTest : public QObject {
       QCOMPARE(window->objectName(), controls[i].first);
       QVERIFY(window->isModal());
       for (const QString& name : controls[i].second) {
-        QVERIFY2(!child<QWidget>(window, name)->accessibleName().isEmpty(), qPrintable(name));
+        QVERIFY2(!readAloud(child<QWidget>(window, name)).isEmpty(), qPrintable(name));
       }
       QVERIFY(!child<QPushButton>(window, "del")->isEnabled());
       // The list, its heading and the choice of a group or category in the fixed-pitch face.

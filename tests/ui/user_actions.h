@@ -4,6 +4,7 @@
 // with "esci"; and what a user sees of a list: its rows and its face.
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QDateEdit>
@@ -61,6 +62,12 @@ inline void clickTool(QMainWindow* frame, const QString& caption) {
   auto* bar = frame->findChild<QToolBar*>("ToolBar");
   QVERIFY(bar != nullptr);
   click(bar->widgetForAction(actionNamed(bar, caption)));
+}
+
+// What a screen reader reads for a control: its accessible name.
+inline QString readAloud(QWidget* w) {
+  QAccessibleInterface* face = QAccessible::queryAccessibleInterface(w);
+  return face != nullptr ? face->text(QAccessible::Name) : QString();
 }
 
 // What a list shows, row by row.
