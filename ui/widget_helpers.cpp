@@ -195,6 +195,7 @@ QListView* fixedPitchList(const QString& controlName, QAbstractItemModel* model)
 }
 
 void loadItalianTranslations(QCoreApplication& app) {
+  QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
   auto* qtTexts = new QTranslator(&app);
   if (qtTexts->load(QLocale(QLocale::Italian, QLocale::Italy), "qtbase", "_",
                     QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {

@@ -48,7 +48,8 @@ QFont fixedPitchFont(int pointSize = 10);
 // million rows), long rows scrolled sideways rather than cut.
 QListView* fixedPitchList(const QString& controlName, QAbstractItemModel* model);
 
-// Qt's own texts (dialog buttons, the print preview's tools) in Italian.
+// Qt's own texts (dialog buttons, the print preview's tools) and the calendars of the date
+// boxes (month and day names, Monday first) in Italian, whatever the system's language.
 void loadItalianTranslations(QCoreApplication& app);
 
 // Moves the focus to the next control when Enter is pressed in a line edit.

@@ -3,6 +3,7 @@
 
 #include "ui/main_window.h"
 
+#include <QCalendarWidget>
 #include <QLabel>
 #include <QListView>
 #include <QListWidget>
@@ -14,6 +15,7 @@
 #include "tests/ui/user_actions.h"
 #include "ui/account_panel.h"
 #include "ui/movement_window.h"
+#include "ui/widget_helpers.h"
 
 using namespace contavia;
 using namespace contavia::test;
@@ -103,6 +105,8 @@ class MainWindowTest : public QObject {
   };
 
  private slots:
+  void initTestCase() { ui::loadItalianTranslations(*QCoreApplication::instance()); }
+
   void menusAndToolsAsTheUserSeesThemAndExit() {
     Fixture f;
     // The titles of the menu bar, then each menu as a click on its title opens it.
@@ -319,6 +323,15 @@ class MainWindowTest : public QObject {
       QCOMPARE(QApplication::focusWidget()->objectName(), QString(back));
     }
     QCOMPARE(f.prompter.beeps, 0);
+    // A date reached with Tab is typed over whole, day first.
+    click(child<QWidget>(w, "DataInizSel"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), "12112025");
+    QCOMPARE(child<QDateEdit>(w, "Datafinesel")->text(), QString("12/11/2025"));
+    // Its calendar speaks Italian.
+    const QCalendarWidget* calendar = child<QDateEdit>(w, "Datafinesel")->calendarWidget();
+    QCOMPARE(calendar->locale().monthName(11), QString("novembre"));
+    QCOMPARE(calendar->firstDayOfWeek(), Qt::Monday);
   }
 
   void selectChangeAbandonAndDeleteKeepTheBalancesInStep() {
