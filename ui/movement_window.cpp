@@ -172,6 +172,9 @@ void MovementWindow::build() {
   connect(print, &QPushButton::clicked, this, &MovementWindow::print);
   auto* close = named(new QPushButton("Esci"), "Command3D8");
   connect(ok_, &QPushButton::clicked, this, &MovementWindow::onSave);
+  // After the jumps of the document number and the description, typing goes on in the
+  // description: it never saves a movement half typed.
+  textGoesTo(ok_, description_);
   connect(clear_, &QPushButton::clicked, this, &MovementWindow::onAbandon);
   connect(delete_, &QPushButton::clicked, this, &MovementWindow::onDelete);
   connect(close, &QPushButton::clicked, this, [this] {

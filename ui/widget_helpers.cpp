@@ -152,6 +152,33 @@ class KeyRuleFilter : public QObject {
   bool movingOn_ = false;
 };
 
+// Text typed on a button goes to a field instead (the space among it, which would press it).
+class TextGoesTo : public QObject {
+ public:
+  TextGoesTo(QObject* parent, QWidget* field) : QObject(parent), field_(field) {}
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
+      auto* key = static_cast<QKeyEvent*>(event);
+      const bool text = !key->text().isEmpty() && key->text().front().isPrint() &&
+                        !key->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier);
+      if (text) {
+        if (event->type() == QEvent::KeyPress) {
+          field_->setFocus(Qt::OtherFocusReason);
+          QKeyEvent typed(QEvent::KeyPress, key->key(), key->modifiers(), key->text());
+          QCoreApplication::sendEvent(field_, &typed);
+        }
+        return true;
+      }
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QWidget* field_;
+};
+
 class EnterClicks : public QObject {
  public:
   using QObject::QObject;
@@ -225,6 +252,10 @@ void applyKeyRule(QWidget* field, KeyRule rule, Prompter& prompter) {
 }
 
 void enterClicks(QAbstractButton* button) { button->installEventFilter(new EnterClicks(button)); }
+
+void textGoesTo(QAbstractButton* button, QWidget* field) {
+  button->installEventFilter(new TextGoesTo(button, field));
+}
 
 void ClickableLabel::mousePressEvent(QMouseEvent* event) {
   event->accept();

@@ -71,6 +71,10 @@ void applyKeyRule(QWidget* field, KeyRule rule, Prompter& prompter);
 // Enter on a button presses it, as Space does.
 void enterClicks(QAbstractButton* button);
 
+// Text typed while `button` has the focus goes to `field`, the field it was meant for: a space
+// among it never presses the button.
+void textGoesTo(QAbstractButton* button, QWidget* field);
+
 // A label that reports clicks and does not pass them to the widget below.
 class ClickableLabel : public QLabel {
   Q_OBJECT

@@ -334,6 +334,27 @@ class MainWindowTest : public QObject {
     QCOMPARE(calendar->firstDayOfWeek(), Qt::Monday);
   }
 
+  void textTypedOnConfermaGoesOnInTheDescription() {
+    Fixture f;
+    f.choose("200");
+    for (const char* keys : {"\r", "AF\r", "12\r", "12345678"}) {
+      QTest::keyClicks(QApplication::focusWidget(), keys);
+    }
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("DescMovim"));
+    // Enter, as if still in the document number: "Conferma" has the focus, and what is typed
+    // next, its space included, goes on in the description instead of saving.
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("ok"));
+    QTest::keyClicks(QApplication::focusWidget(), "Affitto casa");
+    QCOMPARE(f.field("DescMovim"), QString("Affitto casa"));
+    QCOMPARE(f.count(), QString(" Nr. Movimenti: 0"));
+    // Enter in the description, then on "Conferma": saved whole.
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(f.count(), QString(" Nr. Movimenti: 1"));
+    QVERIFY(f.lines().first().contains("Affitto-12345678-Affitto casa"));
+  }
+
   void selectChangeAbandonAndDeleteKeepTheBalancesInStep() {
     Fixture f;
     f.choose("100");
