@@ -221,6 +221,7 @@ void MainWindow::chooseAccount(const QString& item) {
 void MainWindow::openMovementWindow() {
   auto* window = new MovementWindow(session_, printHooks());
   connect(window, &MovementWindow::accountChanged, this, &MainWindow::showBalances);
+  connect(window, &MovementWindow::leaving, this, &MainWindow::leaveAccount);
   movementFrame_ = mdi_->addSubWindow(window);
   movementFrame_->setAttribute(Qt::WA_DeleteOnClose);
   // Queued: a window destroyed with the frame itself calls nothing.
@@ -265,6 +266,13 @@ void MainWindow::closeAccountAndChoice() {
   showBalances();
 }
 
+void MainWindow::leaveAccount() {
+  movementFrame_ = nullptr;  // it closes itself
+  closeWorkingAccount(session_);
+  panel_->selector()->setCurrentIndex(-1);
+  showBalances();
+}
+
 void MainWindow::exitWithConfirmation() {
   if (confirmExit(session_.prompter())) {
     close();
@@ -300,6 +308,9 @@ void MainWindow::openAccounts() {
     panel_->fillAllAccounts();
     showBalances();
   });
+  if (const QString chosen = panel_->selector()->currentText(); !chosen.isEmpty()) {
+    chooseAccount(chosen);
+  }
 }
 
 void MainWindow::setUpPrinter() { printerSetup(this); }

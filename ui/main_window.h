@@ -70,8 +70,12 @@ class MainWindow : public QMainWindow {
   void closeAccountView();
   // "Chiudi": the same, and the selector forgets the chosen account.
   void closeAccountAndChoice();
+  // The movement window's "Esci": as "Chiudi", the window closing itself.
+  void leaveAccount();
   void changeFolder();
   void openCausali();
+  // "&Gestione Conto": the accounts window, with the working account closed while it is open
+  // and opened again after it, when it is still there.
   void openAccounts();
   void setUpPrinter();
   // The print dialogs as the windows opened from here see them: always the ones set above.

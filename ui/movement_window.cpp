@@ -178,6 +178,7 @@ void MovementWindow::build() {
   connect(clear_, &QPushButton::clicked, this, &MovementWindow::onAbandon);
   connect(delete_, &QPushButton::clicked, this, &MovementWindow::onDelete);
   connect(close, &QPushButton::clicked, this, [this] {
+    emit leaving();
     if (QWidget* frame = parentWidget()) {
       frame->close();  // the MDI sub-window that holds the window
     } else {

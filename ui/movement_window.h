@@ -36,6 +36,8 @@ class MovementWindow : public QWidget {
  signals:
   // The balances or the movements changed: the main window refreshes its panels.
   void accountChanged();
+  // "Esci": the user is done with the account.
+  void leaving();
 
  private:
   void build();

@@ -449,6 +449,9 @@ class MainWindowTest : public QObject {
                       "Non si può cancellare il conto sul quale si lavora, devi prima chiudere il "
                       "conto"));
     QCOMPARE(rowsOf(f.selector()->view()).size(), 2);
+    // The account is open again once the window is closed.
+    QVERIFY(f.form9() != nullptr);
+    QCOMPARE(f.status()[1], QString("100"));
 
     f.menu("&File", "Chiudi");
     f.prompter.clear();
