@@ -4,6 +4,8 @@
 
 #include <array>
 #include <climits>
+#include <cstdlib>
+#include <filesystem>
 #include <utility>
 
 #include "common/text.h"
@@ -86,7 +88,29 @@ std::string DataDirectory::defaultFolder() {
   const ssize_t n = ::readlink("/proc/self/exe", buf.data(), buf.size() - 1);
   std::string program = n > 0 ? std::string(buf.data(), static_cast<std::size_t>(n)) : "./";
   program = program.substr(0, program.find_last_of('/') + 1);
-  return withSeparator(program) + "dati/";
+  const bool writable = ::access(program.c_str(), W_OK) == 0;
+  std::string folder =
+      defaultFolderFor(program, writable, std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
+  if (!writable) {
+    // The user's data folder may not be there yet: its parents are made here, "dati" itself by
+    // the first start, as for any folder.
+    std::error_code ignored;
+    std::filesystem::create_directories(std::filesystem::path(folder).parent_path().parent_path(),
+                                        ignored);
+  }
+  return folder;
+}
+
+std::string DataDirectory::defaultFolderFor(const std::string& programFolder,
+                                            bool programFolderWritable, const char* xdgDataHome,
+                                            const char* home) {
+  if (programFolderWritable) {
+    return withSeparator(programFolder) + "dati/";
+  }
+  const std::string data = xdgDataHome != nullptr && *xdgDataHome == '/'
+                               ? std::string(xdgDataHome)
+                               : std::string(home != nullptr ? home : "") + "/.local/share";
+  return withSeparator(data) + "Contavia/dati/";
 }
 
 }  // namespace contavia

@@ -62,8 +62,12 @@ class DataDirectory {
   // Creates the folder when missing (one level only).
   int ensureExists() const;
 
-  // The default folder: the program's own folder followed by "dati/".
+  // The default folder: the program's own folder followed by "dati/" when the user can write
+  // there; for an installed program, the user's data folder ("$XDG_DATA_HOME" or
+  // "~/.local/share") followed by "Contavia/dati/".
   static std::string defaultFolder();
+  static std::string defaultFolderFor(const std::string& programFolder, bool programFolderWritable,
+                                      const char* xdgDataHome, const char* home);
   static std::string withSeparator(std::string folder);
 
  private:

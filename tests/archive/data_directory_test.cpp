@@ -103,6 +103,22 @@ TEST_F(DataDirectoryTest, FolderSeparatorIsNotDoubled) {
   EXPECT_TRUE(DataDirectory::defaultFolder().ends_with("/dati/"));
 }
 
+TEST(DefaultFolder, BesideTheProgramOrInTheUsersDataFolder) {
+  struct Case {
+    bool writable;
+    const char* xdgDataHome;
+    std::string folder;
+  };
+  for (const Case& c : {Case{true, "/x", "/opt/contavia/bin/dati/"},
+                        Case{false, "/home/anna/dati-xdg", "/home/anna/dati-xdg/Contavia/dati/"},
+                        Case{false, nullptr, "/home/anna/.local/share/Contavia/dati/"},
+                        Case{false, "relativa", "/home/anna/.local/share/Contavia/dati/"}}) {
+    EXPECT_EQ(DataDirectory::defaultFolderFor("/opt/contavia/bin/", c.writable, c.xdgDataHome,
+                                              "/home/anna"),
+              c.folder);
+  }
+}
+
 TEST_F(DataDirectoryTest, AccountCodesNeverReachOutsideTheFolder) {
   const std::string inner = folder.file("dati/");
   std::filesystem::create_directory(inner);
