@@ -9,7 +9,7 @@ FUZZ_SECONDS ?= 3600
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: all deps configure build run test test-sanitize fuzz fuzz-short lint format bench clean
+.PHONY: all deps configure build run test test-sanitize fuzz fuzz-short lint format bench package clean
 
 all: build
 
@@ -54,6 +54,10 @@ lint: configure
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
+
+# The Debian package of the program (build/contavia_VERSION_ARCH.deb).
+package: build
+	cmake --build $(BUILD) --target package
 
 bench: build
 	./scripts/bench.sh $(BUILD)

@@ -1,6 +1,7 @@
 // contavia: the desktop program.
 
 #include <QApplication>
+#include <QIcon>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -38,6 +39,8 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Contavia");
   contavia::ui::loadItalianTranslations(app);
+  QApplication::setWindowIcon(
+      QIcon::fromTheme("contavia", QIcon(contavia::ui::programFile("contavia.png"))));
 
   contavia::OsFileLayer files;
   contavia::SystemClock clock;

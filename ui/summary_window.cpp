@@ -18,15 +18,15 @@
 namespace contavia::ui {
 namespace {
 
-// The currency button: the picture "Euro.ico" of the program's folder. A label only: the amounts
-// are shown as stored, never converted.
+// The currency button: the picture "Euro.ico" that comes with the program. A label only: the
+// amounts are shown as stored, never converted.
 QToolButton* currencyButton() {
   auto* button = named(new QToolButton, "Valuta");
   button->setAccessibleName("Euro");
   button->setToolTip("Valuta: Euro");
   button->setFocusPolicy(Qt::NoFocus);
   button->setIconSize(QSize(32, 32));
-  const QString picture = QDir(QCoreApplication::applicationDirPath()).filePath("Euro.ico");
+  const QString picture = programFile("Euro.ico");
   if (QPixmap(picture).isNull()) {
     button->setText("Euro");
   } else {

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLibraryInfo>
@@ -219,6 +220,16 @@ QListView* fixedPitchList(const QString& controlName, QAbstractItemModel* model)
   list->setTextElideMode(Qt::ElideNone);
   list->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   return list;
+}
+
+QString programFile(const QString& name) {
+  const QDir program(QCoreApplication::applicationDirPath());
+  for (const QString& at : {name, "../share/contavia/" + name}) {
+    if (program.exists(at)) {
+      return program.absoluteFilePath(at);
+    }
+  }
+  return {};
 }
 
 void loadItalianTranslations(QCoreApplication& app) {

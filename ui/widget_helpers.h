@@ -48,6 +48,10 @@ QFont fixedPitchFont(int pointSize = 10);
 // million rows), long rows scrolled sideways rather than cut.
 QListView* fixedPitchList(const QString& controlName, QAbstractItemModel* model);
 
+// A file that comes with the program (its pictures): beside the program when it runs from its
+// build folder, in share/contavia when it is installed; empty when there is none.
+QString programFile(const QString& name);
+
 // Qt's own texts (dialog buttons, the print preview's tools) and the calendars of the date
 // boxes (month and day names, Monday first) in Italian, whatever the system's language.
 void loadItalianTranslations(QCoreApplication& app);
