@@ -133,6 +133,11 @@ bool MovementEntry::selectLine(std::size_t row) {
   return number && selectMovement(*number);
 }
 
+bool MovementEntry::picksMovement(std::size_t row) const {
+  return session_.account() != nullptr &&
+         pickedMovementNumber(list_, row, session_.account()->count()).has_value();
+}
+
 bool MovementEntry::selectMovement(std::size_t number) {
   // A movement is its position in the file, whatever number a damaged record may carry.
   OpenAccount& a = account();

@@ -59,6 +59,8 @@ class MovementEntry {
   void pickCausale(std::size_t row);
   // A click on list line `row` (0-based). False when the line picks nothing.
   bool selectLine(std::size_t row);
+  // Whether list line `row` stands for a movement (the others cannot be chosen).
+  bool picksMovement(std::size_t row) const;
   // Selects movement `number` as a click on its line would. False when there is none.
   bool selectMovement(std::size_t number);
   // "Conferma". False when a message stopped it (nothing written).

@@ -44,6 +44,23 @@ QDateEdit* dateBox(const QString& name) {
   return box;
 }
 
+// The lines of the movement list; only those that stand for a movement can be highlighted.
+class MovementLinesModel final : public QStringListModel {
+ public:
+  MovementLinesModel(const MovementEntry& entry, QObject* parent)
+      : QStringListModel(parent), entry_(entry) {}
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    Qt::ItemFlags f = QStringListModel::flags(index) & ~Qt::ItemIsEditable;
+    if (index.isValid() && !entry_.picksMovement(static_cast<std::size_t>(index.row()))) {
+      f &= ~Qt::ItemIsSelectable;
+    }
+    return f;
+  }
+
+ private:
+  const MovementEntry& entry_;
+};
+
 std::optional<int> runPickerDialog(const std::vector<Causale>& causali, QWidget* parent) {
   CausalePicker picker(causali, parent);
   if (picker.exec() != QDialog::Accepted) {
@@ -95,7 +112,7 @@ void MovementWindow::build() {
 
   auto* heading = named(new QLabel(qs(movementListHeading())), "Intestazione");
   heading->setFont(fixedPitchFont(9));
-  model_ = new QStringListModel(this);
+  model_ = new MovementLinesModel(*entry_, this);
   list_ = fixedPitchList("ElencoMovim", model_);  // long lines scroll sideways, never cut
   list_->setMinimumHeight(220);
   heading->setIndent(list_->frameWidth() + 2);  // over the text of the rows
@@ -325,6 +342,7 @@ void MovementWindow::onSave() {
 
 void MovementWindow::onAbandon() {
   entry_->abandon();
+  list_->clearSelection();  // the movement is no longer chosen
   showEntry();
   date_->setFocus();
   emit accountChanged();

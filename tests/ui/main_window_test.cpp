@@ -363,9 +363,16 @@ class MainWindowTest : public QObject {
     clickRow(f.list(), "05/11/2026 0002");
     QCOMPARE(f.field("nroper") + " " + f.field("IMPORTO"), QString("2 300,00"));
     QVERIFY(f.canDelete());
+    QCOMPARE(f.list()->selectionModel()->selectedIndexes().size(), 1);
     f.press("pulisci");
     QCOMPARE(f.field("IMPORTO"), QString());
     QCOMPARE(f.figures(), before);
+    QVERIFY(f.list()->selectionModel()->selectedIndexes().isEmpty());
+    // A separator or a totals line cannot be highlighted.
+    for (const QString& line : {QString("  ---"), QString(" Totali")}) {
+      clickRow(f.list(), line);
+      QVERIFY(f.list()->selectionModel()->selectedIndexes().isEmpty());
+    }
     // Change: the amount typed replaces the stored one, the panels follow the recompute.
     clickRow(f.list(), "05/11/2026 0002");
     retype(child<QLineEdit>(f.form9(), "IMPORTO"), "250");
