@@ -58,6 +58,10 @@ MainWindow::MainWindow(Session& session, QWidget* parent)
       panel_(new AccountPanel(session)) {
   named(this, "MDIForm1");
   setWindowTitle("Contavia");
+  // A frame made smaller than its windows (by a window manager that ignores the minimum size)
+  // scrolls them rather than squeezing them.
+  mdi_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  mdi_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   auto* central = new QWidget;
   auto* layout = new QHBoxLayout(central);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -229,6 +233,8 @@ void MainWindow::openMovementWindow() {
           Qt::QueuedConnection);
   movementFrame_->setWindowTitle(window->windowTitle());
   movementFrame_->show();
+  // The frame never gets so small that the account view's controls overlap.
+  setMinimumSize(movementFrame_->minimumSizeHint() + (size() - mdi_->viewport()->size()));
   fitMovementWindow();
   window->setFocus();
 }
@@ -237,7 +243,8 @@ void MainWindow::fitMovementWindow() {
   // The account view fills the frame beside the panel while it is in its normal state.
   if (movementFrame_ && session_.account() != nullptr && !movementFrame_->isMinimized() &&
       !movementFrame_->isMaximized()) {
-    movementFrame_->setGeometry(QRect(QPoint(0, 0), mdi_->viewport()->size()));
+    const QSize least = movementFrame_->minimumSizeHint();
+    movementFrame_->setGeometry(QRect(QPoint(0, 0), mdi_->viewport()->size().expandedTo(least)));
   }
 }
 

@@ -355,6 +355,18 @@ class MainWindowTest : public QObject {
     QVERIFY(f.lines().first().contains("Affitto-12345678-Affitto casa"));
   }
 
+  void atItsSmallestTheFrameStillHoldsTheMovementWindow() {
+    Fixture f;
+    f.choose("100");
+    for (const QSize size : {QSize(800, 560), QSize(600, 400)}) {
+      f.frame->resize(size);
+      QWidget* sub = f.form9()->parentWidget();
+      QTRY_VERIFY(f.frame->mdiArea()->viewport()->rect().contains(sub->geometry()));
+      QVERIFY(sub->width() >= sub->minimumSizeHint().width() &&
+              sub->height() >= sub->minimumSizeHint().height());
+    }
+  }
+
   void selectChangeAbandonAndDeleteKeepTheBalancesInStep() {
     Fixture f;
     f.choose("100");
