@@ -114,6 +114,10 @@ AccountPanel::AccountPanel(Session& session, QWidget* parent)
   grid->addWidget(caption("Label9", "Disponib.:"), row, 0);
   grid->addWidget(figures_[3], row++, 1);
   grid->setColumnStretch(1, 1);
+  // The captions' column is as wide with an account as without: the values stay in place.
+  grid->setColumnMinimumWidth(0,
+                              balanceAt->spacing() + fontMetrics().horizontalAdvance("Saldo al:") +
+                                  latestDate_->fontMetrics().horizontalAdvance("00/00/0000") + 8);
 
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(combo_);

@@ -204,8 +204,10 @@ class MainWindowTest : public QObject {
   void choosingAnAccountShowsItsPanelAndMovements() {
     Fixture f;
     QCOMPARE(f.status(), (QStringList{"", "", f.folder(), "", ""}));
+    const int valuesAt = child<QLabel>(f.frame.get(), "GruppoConto")->x();
     f.choose("100");
     QCOMPARE(f.form9()->windowTitle(), QString("Immissione / Modifica Movimenti"));
+    QCOMPARE(child<QLabel>(f.frame.get(), "GruppoConto")->x(), valuesAt);  // the values stay put
     QCOMPARE(f.panel(),
              (QStringList{"100  Banca Società", "Via Roma 1", "20100 Milano (MI)", "Liquidità",
                           "Banche", "01/12/2026", "650,00", "550,00", "500,00", "1.150,00"}));
