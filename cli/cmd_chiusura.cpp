@@ -4,6 +4,7 @@
 #include "cli/command.h"
 #include "cli/ledger_support.h"
 #include "cli/report_output.h"
+#include "common/dates.h"
 #include "ledger/closing.h"
 #include "ledger/closing_undo.h"
 #include "ui/report_painter.h"
@@ -21,7 +22,7 @@ int chiusura(Context& c) {
     return kExitStopped;
   }
   // An empty date goes to the closing, which asks for it; any other must be a whole date.
-  if (!date.empty() && date != "__/__/____") {
+  if (!dateLeftEmpty(date)) {
     requireDate(date);
   }
   const ClosingResult result =

@@ -105,9 +105,14 @@ void validateDate(int day, int month, int year, bool& ok, Prompter& prompter) {
   }
 }
 
+bool dateLeftEmpty(std::string_view text) {
+  const std::string t = trim(text);
+  return t.empty() || t == "__/__/____";
+}
+
 bool typedDateAccepted(std::string_view text, const std::string& requiredText, Prompter& prompter) {
   const std::string t = trim(text);
-  if (t.empty() || t == "__/__/____") {
+  if (dateLeftEmpty(t)) {
     prompter.show(errorBox(requiredText));
     return false;
   }

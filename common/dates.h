@@ -36,6 +36,9 @@ Message wrongDateBox();
 bool isValidDate(int day, int month, int year);
 // Checks the triple; on failure shows the "Errore" box and sets `ok` to false, else leaves it.
 void validateDate(int day, int month, int year, bool& ok, Prompter& prompter);
+// A masked "##/##/####" date field left as it was: empty, or untouched ("__/__/____").
+bool dateLeftEmpty(std::string_view text);
+
 // A date typed in a masked "##/##/####" field: an empty or untouched field ("__/__/____") is
 // refused with an error box saying `requiredText`, then the date rules. False after a message.
 bool typedDateAccepted(std::string_view text, const std::string& requiredText, Prompter& prompter);
