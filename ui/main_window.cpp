@@ -46,6 +46,13 @@ QList<QMdiSubWindow*> normalWindows(QMdiArea* area) {
   return result;
 }
 
+// What each status panel holds, shown beside it and read aloud with its value.
+const std::array<QString, 5>& statusCaptions() {
+  static const std::array<QString, 5> captions = {
+      "Saldo oggi:", "Conto:", "Cartella:", "Saldo totale:", "Disponibile:"};
+  return captions;
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Session& session, QWidget* parent)
@@ -173,20 +180,19 @@ void MainWindow::buildStatusBar() {
   QStatusBar* bar = statusBar();
   bar->setObjectName("StatusBar1");
   for (std::size_t i = 0; i < statusPanels_.size(); ++i) {
+    auto* caption = new QLabel(statusCaptions()[i]);
+    caption->setObjectName(QString("DidascaliaPannello(%1)").arg(i + 1));
     auto* label = named(new QLabel, QString("Pannello(%1)").arg(i + 1));
     label->setFrameShape(QFrame::Panel);
     label->setFrameShadow(QFrame::Sunken);
-    label->setMinimumWidth(i == 2 ? 260 : 130);
+    label->setMinimumWidth(i == 2 ? 220 : 110);
     label->setAlignment(i == 1 || i == 2 ? Qt::AlignLeft | Qt::AlignVCenter
                                          : Qt::AlignRight | Qt::AlignVCenter);
+    bar->addPermanentWidget(caption);
     bar->addPermanentWidget(label, i == 2 ? 1 : 0);
     statusPanels_[i] = label;
   }
-  statusPanels_[0]->setToolTip("Saldo oggi");
-  statusPanels_[1]->setToolTip("Conto di lavoro");
-  statusPanels_[2]->setToolTip("Cartella dati");
-  statusPanels_[3]->setToolTip("Saldo totale");
-  statusPanels_[4]->setToolTip("Disponibile (saldo oggi più fido)");
+  statusPanels_[4]->setToolTip("Saldo oggi più fido");
   showBalances();
 }
 
@@ -207,6 +213,9 @@ void MainWindow::showBalances() {
   statusPanels_[2]->setText(qs(session_.dir().folder()));
   statusPanels_[3]->setText(qs(panels.balanceTotal));
   statusPanels_[4]->setText(qs(panels.available));
+  for (std::size_t i = 0; i < statusPanels_.size(); ++i) {
+    statusPanels_[i]->setAccessibleName(statusCaptions()[i] + ' ' + statusPanels_[i]->text());
+  }
   panel_->showAccount();
   enableAccountEntries();
 }

@@ -212,6 +212,9 @@ class MainWindowTest : public QObject {
              (QStringList{"100  Banca Società", "Via Roma 1", "20100 Milano (MI)", "Liquidità",
                           "Banche", "01/12/2026", "650,00", "550,00", "500,00", "1.150,00"}));
     QCOMPARE(f.status(), (QStringList{"650,00", "100", f.folder(), "550,00", "1.150,00"}));
+    // Each panel has its caption in sight and is read aloud with it.
+    QCOMPARE(f.label("DidascaliaPannello(5)")->text(), QString("Disponibile:"));
+    QCOMPARE(readAloud(f.label("Pannello(1)")), QString("Saldo oggi: 650,00"));
     QCOMPARE(f.movements(), (QStringList{"01/12/2026 0004", "10/11/2026 0003", "05/11/2026 0002",
                                          "01/11/2026 0001"}));
     QVERIFY(f.lines().at(3).contains("1.000,00 Stipendio"));
