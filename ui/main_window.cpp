@@ -10,6 +10,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 
 #include "archive/session.h"
@@ -84,6 +85,7 @@ MainWindow::MainWindow(Session& session, QWidget* parent)
   buildMenus();
   buildToolBar();
   buildStatusBar();
+  setMinimumSize(leastSize());
   resize(1180, 780);
 }
 
@@ -243,17 +245,32 @@ void MainWindow::openMovementWindow() {
   movementFrame_->setWindowTitle(window->windowTitle());
   movementFrame_->show();
   // The frame never gets so small that the account view's controls overlap.
-  setMinimumSize(movementFrame_->minimumSizeHint() + (size() - mdi_->viewport()->size()));
+  setMinimumSize(leastSize().expandedTo(movementFrame_->minimumSizeHint() +
+                                        (size() - mdi_->contentsRect().size())));
   fitMovementWindow();
   window->setFocus();
+}
+
+QSize MainWindow::leastSize() const {
+  // Menus, panel and a status bar with every caption and value in sight.
+  return minimumSizeHint().expandedTo(QSize(statusBar()->sizeHint().width(), 0));
 }
 
 void MainWindow::fitMovementWindow() {
   // The account view fills the frame beside the panel while it is in its normal state.
   if (movementFrame_ && session_.account() != nullptr && !movementFrame_->isMinimized() &&
       !movementFrame_->isMaximized()) {
+    // The room of the area without its scroll bars, less a bar where the other way needs one.
     const QSize least = movementFrame_->minimumSizeHint();
-    movementFrame_->setGeometry(QRect(QPoint(0, 0), mdi_->viewport()->size().expandedTo(least)));
+    QSize room = mdi_->contentsRect().size();
+    const int bar = mdi_->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, mdi_);
+    if (least.height() > room.height()) {
+      room.rwidth() -= bar;
+    }
+    if (least.width() > room.width()) {
+      room.rheight() -= bar;
+    }
+    movementFrame_->setGeometry(QRect(QPoint(0, 0), room.expandedTo(least)));
   }
 }
 
@@ -284,9 +301,7 @@ void MainWindow::closeAccountAndChoice() {
 
 void MainWindow::leaveAccount() {
   movementFrame_ = nullptr;  // it closes itself
-  closeWorkingAccount(session_);
-  panel_->selector()->setCurrentIndex(-1);
-  showBalances();
+  closeAccountAndChoice();
 }
 
 void MainWindow::exitWithConfirmation() {
@@ -296,7 +311,7 @@ void MainWindow::exitWithConfirmation() {
 }
 
 void MainWindow::changeFolder() {
-  closeAccountView();
+  closeAccountAndChoice();
   const QString folder = chooseFolder(this, kFolderBrowserTitle);
   if (folder.isEmpty()) {
     return;

@@ -97,6 +97,7 @@ class MainWindow : public QMainWindow {
   void openBackup(BackupMode mode);
   void openMovementWindow();
   void closeMovementWindow();
+  QSize leastSize() const;
   void fitMovementWindow();
   void tileHorizontally();
   void tileVertically();

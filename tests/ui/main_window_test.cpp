@@ -369,7 +369,26 @@ class MainWindowTest : public QObject {
       QTRY_VERIFY(f.frame->mdiArea()->viewport()->rect().contains(sub->geometry()));
       QVERIFY(sub->width() >= sub->minimumSizeHint().width() &&
               sub->height() >= sub->minimumSizeHint().height());
+      // The status bar's captions and values stay side by side.
+      QWidget* previous = nullptr;
+      for (const char* name :
+           {"DidascaliaPannello(1)", "Pannello(1)", "DidascaliaPannello(2)", "Pannello(2)",
+            "DidascaliaPannello(3)", "Pannello(3)", "DidascaliaPannello(4)", "Pannello(4)",
+            "DidascaliaPannello(5)", "Pannello(5)"}) {
+        QWidget* next = f.label(name);
+        QVERIFY(previous == nullptr || previous->geometry().right() < next->geometry().left());
+        previous = next;
+      }
     }
+    // Made smaller still (a desktop without a window manager ignores the minimum), then grown
+    // again, it fills the frame to the edge: no room is left for the scroll bars gone.
+    f.frame->setMinimumSize(0, 0);
+    f.frame->resize(500, 350);
+    QApplication::processEvents();
+    f.frame->resize(1400, 1000);
+    QMdiArea* area = f.frame->mdiArea();
+    QTRY_COMPARE(f.form9()->parentWidget()->geometry(),
+                 QRect(QPoint(0, 0), area->contentsRect().size()));
   }
 
   void selectChangeAbandonAndDeleteKeepTheBalancesInStep() {
@@ -504,9 +523,12 @@ class MainWindowTest : public QObject {
     QCOMPARE(f.status(), otherStatus);
     QCOMPARE(f.panel(), QStringList(10, QString()));
     QCOMPARE(rowsOf(f.selector()->view()).size(), 3);
+    // Cancelled, the folder stays; the account was closed first, and the selector says so.
+    f.choose("300");
     f.frame->chooseFolder = [](QWidget*, const QString&) { return QString(); };
     f.menu("&File", "Percorso archivi");
     QCOMPARE(f.status(), otherStatus);
+    QCOMPARE(f.selector()->currentText(), QString());
   }
 };
 
