@@ -14,13 +14,6 @@ constexpr std::array<char32_t, 32> kHighControls = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char32_t codePointOfByte(std::uint8_t byte) {
-  if (byte >= 0x80 && byte <= 0x9F) {
-    return kHighControls[byte - 0x80];
-  }
-  return byte;
-}
-
 int byteOfCodePoint(char32_t cp) {
   if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) {
     return static_cast<int>(cp);
@@ -31,24 +24,6 @@ int byteOfCodePoint(char32_t cp) {
     }
   }
   return -1;
-}
-
-void appendUtf8(std::string& out, char32_t cp) {
-  if (cp < 0x80) {
-    out.push_back(static_cast<char>(cp));
-  } else if (cp < 0x800) {
-    out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
-    out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-  } else if (cp < 0x10000) {
-    out.push_back(static_cast<char>(0xE0 | (cp >> 12)));
-    out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
-    out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-  } else {
-    out.push_back(static_cast<char>(0xF0 | (cp >> 18)));
-    out.push_back(static_cast<char>(0x80 | ((cp >> 12) & 0x3F)));
-    out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
-    out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-  }
 }
 
 // Length in bytes of the UTF-8 sequence starting at text[i]; 1 for an invalid byte.
@@ -109,6 +84,35 @@ std::size_t byteOffsetOfChar(std::string_view text, std::size_t chars) {
 bool isBlank(char c) { return c == ' '; }
 
 }  // namespace
+
+char32_t codePointOfByte(std::uint8_t byte) {
+  if (byte >= 0x80 && byte <= 0x9F) {
+    return kHighControls[byte - 0x80];
+  }
+  return byte;
+}
+
+bool isUndefinedWindows1252(std::uint8_t byte) {
+  return byte >= 0x80 && byte <= 0x9F && kHighControls[byte - 0x80] == byte;
+}
+
+void appendUtf8(std::string& out, char32_t cp) {
+  if (cp < 0x80) {
+    out.push_back(static_cast<char>(cp));
+  } else if (cp < 0x800) {
+    out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
+    out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+  } else if (cp < 0x10000) {
+    out.push_back(static_cast<char>(0xE0 | (cp >> 12)));
+    out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+  } else {
+    out.push_back(static_cast<char>(0xF0 | (cp >> 18)));
+    out.push_back(static_cast<char>(0x80 | ((cp >> 12) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+    out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+  }
+}
 
 std::size_t charCount(std::string_view text) {
   std::size_t count = asciiRun(text, text.size());

@@ -28,6 +28,14 @@ std::string trimRight(std::string_view text);
 std::string trimLeft(std::string_view text);
 std::string trim(std::string_view text);
 
+// The character of one Windows-1252 byte; the five bytes that Windows-1252 leaves undefined
+// (0x81, 0x8D, 0x8F, 0x90, 0x9D) give the C1 control of the same value, so that they survive a
+// round trip.
+char32_t codePointOfByte(std::uint8_t byte);
+bool isUndefinedWindows1252(std::uint8_t byte);
+// Appends one character to a UTF-8 text.
+void appendUtf8(std::string& out, char32_t cp);
+
 // Windows-1252 bytes to UTF-8. NUL bytes (fields the program never assigned) read as blanks.
 std::string decodeWindows1252(const std::uint8_t* bytes, std::size_t size);
 // UTF-8 to Windows-1252: cut to `width` characters, padded with blanks; a character with no
