@@ -35,15 +35,18 @@ test-sanitize: deps
 	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
 	  ctest --test-dir $(BUILD_ASAN) --output-on-failure -j $(JOBS)
 
-# The fuzzer of the archive (libFuzzer, clang): FUZZ_SECONDS long, its corpus kept in
-# $(BUILD_FUZZ)/corpus from one run to the next. `fuzz-short` is the minute the CI runs.
+# The fuzzers of the archive and of the guide's reader (libFuzzer, clang): FUZZ_SECONDS each,
+# their corpora kept in $(BUILD_FUZZ)/corpus* from one run to the next (the guide's seeded with
+# the shipped topics). `fuzz-short` is the minute each that the CI runs.
 fuzz: deps
 	cmake -S . -B $(BUILD_FUZZ) -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DCONTAVIA_FUZZ=ON -DCONTAVIA_UI=OFF -DCONTAVIA_BENCH=OFF -DCONTAVIA_TESTS=OFF
-	cmake --build $(BUILD_FUZZ) -j $(JOBS) --target archive_fuzzer
-	mkdir -p $(BUILD_FUZZ)/corpus
+	cmake --build $(BUILD_FUZZ) -j $(JOBS) --target archive_fuzzer rtf_fuzzer
+	mkdir -p $(BUILD_FUZZ)/corpus $(BUILD_FUZZ)/corpus-guida
 	$(BUILD_FUZZ)/bin/archive_fuzzer -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 \
 	  $(BUILD_FUZZ)/corpus
+	$(BUILD_FUZZ)/bin/rtf_fuzzer -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 \
+	  -max_len=65536 $(BUILD_FUZZ)/corpus-guida help/guida
 
 fuzz-short:
 	$(MAKE) fuzz FUZZ_SECONDS=60

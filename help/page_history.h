@@ -15,6 +15,9 @@ class PageHistory {
   void visit(const HelpPage& page);
   bool canGoBack() const { return current_ > 0; }
   bool canGoForward() const { return current_ + 1 < pages_.size(); }
+  // The pages Back and Forward would show, without going there.
+  const HelpPage& previous() const { return pages_.at(current_ - 1); }
+  const HelpPage& next() const { return pages_.at(current_ + 1); }
   const HelpPage& back();
   const HelpPage& forward();
   bool empty() const { return pages_.empty(); }

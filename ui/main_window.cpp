@@ -16,12 +16,15 @@
 #include "archive/session.h"
 #include "frame/frame_commands.h"
 #include "frame/two_digit_years.h"
+#include "help/help_topics.h"
 #include "ledger/clear_movements.h"
 #include "ledger/closing_undo.h"
 #include "masterdata/account_item.h"
 #include "ui/account_panel.h"
 #include "ui/backup_window.h"
 #include "ui/closing_window.h"
+#include "ui/help_key.h"
+#include "ui/help_window.h"
 #include "ui/master_windows.h"
 #include "ui/movement_query_window.h"
 #include "ui/movement_window.h"
@@ -87,6 +90,9 @@ MainWindow::MainWindow(Session& session, QWidget* parent)
   buildStatusBar();
   setMinimumSize(leastSize());
   resize(1180, 780);
+  new HelpKey(
+      [this](const std::vector<std::string>& windows) { openHelp(help::pageOfWindow(windows)); },
+      this);
 }
 
 QAction* MainWindow::addEntry(QWidget* menuOrBar, const char* control, const char* caption,
@@ -156,7 +162,8 @@ void MainWindow::buildMenus() {
 
   QAction* help = bar->addAction("?");
   help->setObjectName("Help");
-  help->setEnabled(false);
+  help->setToolTip("Guida (F1)");
+  connect(help, &QAction::triggered, this, [this] { openHelp(help::homePage()); });
   actions_["Help"] = help;
 }
 
@@ -302,6 +309,22 @@ void MainWindow::closeAccountAndChoice() {
 void MainWindow::leaveAccount() {
   movementFrame_ = nullptr;  // it closes itself
   closeAccountAndChoice();
+}
+
+void MainWindow::openHelp(const help::HelpPage& page) {
+  // Over a modal window the guide belongs to it, so that it can be used while that is open.
+  QWidget* owner = QApplication::activeModalWidget();
+  owner = owner != nullptr ? owner : this;
+  if (helpWindow_ == nullptr || helpWindow_->parentWidget() != owner) {
+    if (helpWindow_ != nullptr) {
+      helpWindow_->close();
+    }
+    helpWindow_ = new HelpWindow(owner);
+  }
+  helpWindow_->showPage(page);
+  helpWindow_->show();
+  helpWindow_->raise();
+  helpWindow_->activateWindow();
 }
 
 void MainWindow::exitWithConfirmation() {

@@ -9,6 +9,7 @@
 #include <map>
 
 #include "backup/account_copies.h"
+#include "ui/help_window.h"
 #include "ui/print_preview.h"
 
 class QAction;
@@ -50,6 +51,9 @@ class MainWindow : public QMainWindow {
 
   // "Esci": the exit question; closes the frame on OK.
   void exitWithConfirmation();
+  // The guide at `page`; F1 opens it at the page of the window in use.
+  void openHelp(const help::HelpPage& page);
+  HelpWindow* helpWindow() const { return helpWindow_; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -107,6 +111,7 @@ class MainWindow : public QMainWindow {
   QMdiArea* mdi_;
   AccountPanel* panel_;
   QPointer<QMdiSubWindow> movementFrame_;
+  QPointer<HelpWindow> helpWindow_;
   std::map<QString, QAction*> actions_;
   std::array<QLabel*, 5> statusPanels_{};
 };

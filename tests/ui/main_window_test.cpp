@@ -112,7 +112,7 @@ class MainWindowTest : public QObject {
     // The titles of the menu bar, then each menu as a click on its title opens it.
     QMenuBar* bar = f.frame->menuBar();
     QCOMPARE(seen(bar->actions()),
-             (QStringList{"&File", "Archivi", "&Manutenzione", "[Utility]", "Finestra", "[?]"}));
+             (QStringList{"&File", "Archivi", "&Manutenzione", "[Utility]", "Finestra", "?"}));
     const std::vector<QStringList> menus = {
         {"Percorso archivi", "Chiudi", "[Preferenze]", "Imposta Stampante", "Stampa Archivi",
          "[&Stampa Movimenti]", "Totale Movimenti", "Totale conti", "-", "Esci"},
@@ -122,6 +122,9 @@ class MainWindowTest : public QObject {
         {"Sovrapponi", "Affianca orizzontalmente", "Affianca verticalmente", "Disponi icone"}};
     std::size_t m = 0;
     for (QAction* title : bar->actions()) {
+      if (title->menu() == nullptr) {
+        continue;  // "?" opens the guide (its own test)
+      }
       QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(title).center());
       if (title->isEnabled()) {
         QTRY_COMPARE(QApplication::activePopupWidget(), title->menu());
