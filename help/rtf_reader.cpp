@@ -558,9 +558,9 @@ class Reader {
   }
 
   void shown(char32_t cp, const std::string& utf8) {
-    if (cp == ' ' && (paragraph_.empty() || lastWasSpace_)) {
-      textHtml("&nbsp;");  // blanks in a row stay, as in the fixed-pitch lines
-    } else if (cp == 0x00A0) {
+    // Blanks in a row stay, as in the fixed-pitch lines.
+    const bool keptBlank = cp == ' ' && (paragraph_.empty() || lastWasSpace_);
+    if (keptBlank || cp == 0x00A0) {
       textHtml("&nbsp;");
     } else {
       std::string escaped;

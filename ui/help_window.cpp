@@ -83,7 +83,6 @@ HelpWindow::HelpWindow(QWidget* parent)
   for (const help::HelpTopic& topic : help::helpTopics()) {
     topics_->addItem(topic.title);
   }
-  topics_->setMaximumWidth(220);
   page_->setOpenLinks(false);
   searched_->setPlaceholderText("Cerca nella guida");
   searched_->setClearButtonEnabled(true);
@@ -101,6 +100,7 @@ HelpWindow::HelpWindow(QWidget* parent)
   split->addWidget(topics_);
   split->addWidget(page_);
   split->setStretchFactor(1, 1);
+  split->setSizes({200, 760});
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(tools);
   layout->addWidget(split, 1);
