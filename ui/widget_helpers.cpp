@@ -232,8 +232,29 @@ QString programFile(const QString& name) {
   return {};
 }
 
+// The few texts of Qt's own dialogs that its Italian catalogue lacks (the folder browser names
+// the kind of each entry with them).
+class MissingQtTexts final : public QTranslator {
+ public:
+  using QTranslator::QTranslator;
+  bool isEmpty() const override { return false; }
+  QString translate(const char* context, const char* source, const char* /*disambiguation*/,
+                    int /*n*/) const override {
+    if (qstrcmp(context, "QAbstractFileIconProvider") == 0) {
+      if (qstrcmp(source, "Folder") == 0) {
+        return "Cartella";
+      }
+      if (qstrcmp(source, "Drive") == 0) {
+        return "Unità";
+      }
+    }
+    return {};
+  }
+};
+
 void loadItalianTranslations(QCoreApplication& app) {
   QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+  QCoreApplication::installTranslator(new MissingQtTexts(&app));
   auto* qtTexts = new QTranslator(&app);
   if (qtTexts->load(QLocale(QLocale::Italian, QLocale::Italy), "qtbase", "_",
                     QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {

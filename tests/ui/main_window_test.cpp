@@ -4,6 +4,7 @@
 #include "ui/main_window.h"
 
 #include <QCalendarWidget>
+#include <QFileIconProvider>
 #include <QLabel>
 #include <QListView>
 #include <QListWidget>
@@ -340,6 +341,8 @@ class MainWindowTest : public QObject {
     const QCalendarWidget* calendar = child<QDateEdit>(w, "Datafinesel")->calendarWidget();
     QCOMPARE(calendar->locale().monthName(11), QString("novembre"));
     QCOMPARE(calendar->firstDayOfWeek(), Qt::Monday);
+    // So does the folder browser, in the column that names each entry's kind.
+    QCOMPARE(QFileIconProvider().type(QFileInfo(f.folder())), QString("Cartella"));
   }
 
   void textTypedOnConfermaGoesOnInTheDescription() {
