@@ -4,6 +4,9 @@
 #include <array>
 #include <utility>
 
+#include "common/text.h"
+#include "help/html_text.h"
+
 namespace contavia::help {
 namespace {
 
@@ -36,55 +39,16 @@ constexpr std::array<std::pair<const char*, std::pair<const char*, const char*>>
     {"Guida", {kTopics[0].file, ""}},
 }};
 
-bool sameFileName(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-           const auto lower = [](char c) {
-             return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-           };
-           return lower(x) == lower(y);
-         });
-}
-
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') {
-    return c - '0';
-  }
-  if ((c | 0x20) >= 'a' && (c | 0x20) <= 'f') {
-    return (c | 0x20) - 'a' + 10;
-  }
-  return -1;
-}
-
 // "%20" and the like back to the characters they stand for.
 std::string percentDecoded(std::string_view text) {
   std::string out;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '%' && i + 2 < text.size() && hexDigit(text[i + 1]) >= 0 &&
-        hexDigit(text[i + 2]) >= 0) {
-      out += static_cast<char>(hexDigit(text[i + 1]) * 16 + hexDigit(text[i + 2]));
+    if (text[i] == '%' && i + 2 < text.size() && hexDigitValue(text[i + 1]) >= 0 &&
+        hexDigitValue(text[i + 2]) >= 0) {
+      out += static_cast<char>(hexDigitValue(text[i + 1]) * 16 + hexDigitValue(text[i + 2]));
       i += 2;
     } else {
       out += text[i];
-    }
-  }
-  return out;
-}
-
-std::string escapedHtml(std::string_view text) {
-  std::string out;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      default:
-        out += c;
     }
   }
   return out;
@@ -120,7 +84,7 @@ HelpLink followLink(std::string_view href, const HelpPage& from) {
     return {HelpLink::Kind::Page, {from.topic, bookmark}, {}};
   }
   for (const HelpTopic& topic : kTopics) {
-    if (sameFileName(file, topic.file)) {
+    if (equalsIgnoringCase(file, topic.file)) {
       return {HelpLink::Kind::Page, {topic.file, bookmark}, {}};
     }
   }
@@ -128,7 +92,7 @@ HelpLink followLink(std::string_view href, const HelpPage& from) {
 }
 
 std::string missingTopicHtml(std::string_view topic) {
-  return "<p>L'argomento \xC2\xAB" + escapedHtml(topic) +
+  return "<p>L'argomento \xC2\xAB" + htmlEscaped(topic) +
          "\xC2\xBB non si trova nella cartella della guida.</p>";
 }
 

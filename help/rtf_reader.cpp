@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "common/text.h"
+#include "help/html_text.h"
 
 namespace contavia::help {
 namespace {
@@ -84,45 +85,7 @@ bool among(const std::array<const char*, N>& words, std::string_view word) {
   return std::any_of(words.begin(), words.end(), [&](const char* known) { return word == known; });
 }
 
-void appendEscaped(std::string& out, std::string_view text) {
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      case '"':
-        out += "&quot;";
-        break;
-      default:
-        out += c;
-    }
-  }
-}
-
-bool isHex(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-
-int hexValue(char c) {
-  if (c <= '9') {
-    return c - '0';
-  }
-  return (c | 0x20) - 'a' + 10;
-}
-
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-bool equalsAsciiIgnoringCase(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-           return (x | 0x20) == (y | 0x20);
-         });
-}
 
 // The words of a field instruction; a quoted text is one word without its quotes.
 std::vector<std::string> instructionWords(std::string_view instruction) {
@@ -147,7 +110,7 @@ std::vector<std::string> instructionWords(std::string_view instruction) {
 // HYPERLINK "target" \l "bookmark" as the address of a link; empty for any other field.
 std::string hyperlinkTarget(std::string_view instruction) {
   const std::vector<std::string> words = instructionWords(instruction);
-  if (words.empty() || !equalsAsciiIgnoringCase(words[0], "HYPERLINK")) {
+  if (words.empty() || !equalsIgnoringCase(words[0], "HYPERLINK")) {
     return {};
   }
   std::string target;
@@ -224,7 +187,7 @@ class Reader {
     } else if (closed.destination == Destination::Bookmark &&
                group().destination == Destination::Text) {
       anchor_ += "<a name=\"";
-      appendEscaped(anchor_, bookmark_);
+      appendHtmlEscaped(anchor_, bookmark_);
       anchor_ += "\"></a>";
     } else if (closed.destination == Destination::FontTable && !fontName_.empty()) {
       endFontName();
@@ -268,8 +231,10 @@ class Reader {
   void symbol(char c) {
     switch (c) {
       case '\'': {
-        if (pos_ + 1 < rtf_.size() && isHex(rtf_[pos_]) && isHex(rtf_[pos_ + 1])) {
-          const int value = hexValue(rtf_[pos_]) * 16 + hexValue(rtf_[pos_ + 1]);
+        const int high = pos_ + 1 < rtf_.size() ? hexDigitValue(rtf_[pos_]) : -1;
+        const int low = pos_ + 1 < rtf_.size() ? hexDigitValue(rtf_[pos_ + 1]) : -1;
+        if (high >= 0 && low >= 0) {
+          const int value = high * 16 + low;
           pos_ += 2;
           byte(static_cast<std::uint8_t>(value));
         } else {
@@ -564,7 +529,7 @@ class Reader {
       textHtml("&nbsp;");
     } else {
       std::string escaped;
-      appendEscaped(escaped, utf8);
+      appendHtmlEscaped(escaped, utf8);
       textHtml(escaped);
     }
     lastWasSpace_ = cp == ' ';
@@ -602,7 +567,7 @@ class Reader {
     spanOpen_ = true;
     if (!f.link.empty()) {
       paragraph_ += "<a href=\"";
-      appendEscaped(paragraph_, f.link);
+      appendHtmlEscaped(paragraph_, f.link);
       paragraph_ += "\">";
     }
     if (f.bold) {
@@ -617,7 +582,7 @@ class Reader {
     std::string style;
     if (f.font != defaultFont_) {
       style += "font-family:'";
-      appendEscaped(style, fontName(f.font));
+      appendHtmlEscaped(style, fontName(f.font));
       style += fixedPitch(f.font) ? "',monospace;" : "';";
     }
     if (f.size != kDefaultSize) {
