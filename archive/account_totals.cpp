@@ -1,8 +1,8 @@
 #include "archive/account_totals.h"
 
-#include <cmath>
-#include <cstring>
+#include <utility>
 
+#include "archive/movement_records.h"
 #include "archive/record_file.h"
 #include "archive/tables.h"
 #include "common/text.h"
@@ -26,28 +26,15 @@ ExactBalances refreshTotals(const DataDirectory& dir, const std::string& code,
     return {};
   }
   FileLayer& files = dir.files();
-  const CountedRecords counted = readCountedRecords(
+  CountedRecords counted = readCountedRecords(
       files, dir.path(name + filename::kMovementCount), dir.path(name + filename::kMovements),
       Movement::kLength, Movement::kCapacity,
       {name + filename::kMovementCount, name + filename::kMovements, "movimenti"});
-  BalanceRecompute sums(todayKey);
-  bool damaged = counted.damage.readOnly();
-  for (std::size_t i = 0; i < counted.count; ++i) {
-    // The three fields the balances need, straight from the record's bytes.
-    const std::uint8_t* r = counted.bytes.data() + i * Movement::kLength;
-    double amount = 0.0;
-    std::memcpy(&amount, r + 17, sizeof amount);
-    if (!std::isfinite(amount)) {
-      amount = 0.0;
-      damaged = true;
-    }
-    const char sign = static_cast<char>(r[63]);
-    sums.add(std::string_view(&sign, 1), amount,
-             std::string_view(reinterpret_cast<const char*>(r + 2), 10));
-  }
+  MovementRecords movements(std::move(counted.bytes), counted.count);
+  const bool damaged = counted.damage.readOnly() || !movements.zeroInvalidAmounts().empty();
   CarryForward carry;
   readRecord(files, dir.path(name + filename::kCarryForward), 1, carry);
-  const ExactBalances exact = sums.result(carry.carryAmount);
+  const ExactBalances exact = recomputed(movements, carry.carryAmount, todayKey);
   if (!damaged) {
     const std::string path = dir.path(name + filename::kTotals);
     Totals stored;

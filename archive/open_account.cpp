@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <stdexcept>
 #include <utility>
 
 #include "archive/account_totals.h"
@@ -13,18 +14,19 @@
 
 namespace contavia {
 
-DateSpan dateSpanOf(const std::vector<Movement>& movements) {
+DateSpan dateSpanOf(const MovementRecords& movements) {
   DateSpan span;
   std::int32_t earliestKey = 0;
   std::int32_t latestKey = 0;
-  for (const Movement& m : movements) {
-    const std::int32_t key = dateKey(m.operationDate);
+  std::string scratch;
+  for (const MovementView m : movements) {
+    const std::int32_t key = m.dateKey();
     if (span.earliest.empty() || key < earliestKey) {
-      span.earliest = trim(m.operationDate);
+      span.earliest = trim(m.date(scratch));
       earliestKey = key;
     }
     if (span.latest.empty() || key > latestKey) {
-      span.latest = trim(m.operationDate);
+      span.latest = trim(m.date(scratch));
       latestKey = key;
     }
   }
@@ -49,24 +51,25 @@ void OpenAccount::setSelection(std::string from, std::string to) {
 
 std::int32_t OpenAccount::todayKey() const { return dateKey(clock_->todayText()); }
 
-Damage OpenAccount::readMovements(std::vector<Movement>& out) const {
+Movement OpenAccount::movement(std::size_t number) const {
+  if (number < 1 || number > movements_.size()) {
+    throw std::out_of_range("movimento " + std::to_string(number));
+  }
+  return movements_[number - 1].decoded();
+}
+
+Damage OpenAccount::readMovements(MovementRecords& out) const {
   CountedRecords counted = readCountedRecords(
       dir_->files(), filePath(filename::kMovementCount), filePath(filename::kMovements),
       Movement::kLength, Movement::kCapacity,
       {code_ + filename::kMovementCount, code_ + filename::kMovements, "movimenti"});
-  out.clear();
-  out.reserve(counted.count);
-  for (std::size_t i = 0; i < counted.count; ++i) {
-    Movement m = decodeRecord<Movement>(counted.bytes.data() + i * Movement::kLength);
-    if (!std::isfinite(m.amount)) {
-      m.amount = 0.0;
-      counted.damage.add({"Archivio danneggiato: il movimento " + std::to_string(i + 1) +
-                              " del file " + code_ + filename::kMovements +
-                              " ha un importo non valido, letto come zero; non si possono "
-                              "registrare modifiche finché non viene riparato.",
-                          code_ + filename::kMovements});
-    }
-    out.push_back(std::move(m));
+  out = MovementRecords(std::move(counted.bytes), counted.count);
+  for (const std::size_t i : out.zeroInvalidAmounts()) {
+    counted.damage.add({"Archivio danneggiato: il movimento " + std::to_string(i + 1) +
+                            " del file " + code_ + filename::kMovements +
+                            " ha un importo non valido, letto come zero; non si possono "
+                            "registrare modifiche finché non viene riparato.",
+                        code_ + filename::kMovements});
   }
   return std::move(counted.damage);
 }
@@ -110,7 +113,7 @@ WriteOutcome OpenAccount::appendMovement(Movement movement) {
   }
   WriteOutcome outcome = journal.finish();
   if (outcome.ok()) {
-    movements_.push_back(std::move(movement));
+    movements_.append(movement);
   }
   return outcome;
 }
@@ -142,8 +145,8 @@ WriteOutcome OpenAccount::rewriteMovements(std::vector<Movement> changed) {
   }
   WriteOutcome outcome = journal.finish();
   if (outcome.ok()) {
-    for (Movement& m : changed) {
-      movements_[static_cast<std::size_t>(m.movementNumber) - 1] = std::move(m);
+    for (const Movement& m : changed) {
+      movements_.set(static_cast<std::size_t>(m.movementNumber) - 1, m);
     }
   }
   return outcome;
@@ -159,7 +162,7 @@ WriteOutcome OpenAccount::replaceMovements(std::vector<Movement> kept) {
   // The records before the first one that changes are already on disk as they are.
   std::size_t unchanged = 0;
   while (unchanged < kept.size() && unchanged < movements_.size() &&
-         kept[unchanged] == movements_[unchanged]) {
+         movements_.holds(unchanged, kept[unchanged])) {
     ++unchanged;
   }
   WriteJournal journal(*dir_);
@@ -171,7 +174,10 @@ WriteOutcome OpenAccount::replaceMovements(std::vector<Movement> kept) {
   journal.count(filePath(filename::kMovementCount), static_cast<std::int16_t>(kept.size()));
   WriteOutcome outcome = journal.finish();
   if (outcome.ok()) {
-    movements_ = std::move(kept);
+    movements_.truncate(unchanged);
+    for (std::size_t i = unchanged; i < kept.size(); ++i) {
+      movements_.append(kept[i]);
+    }
   }
   return outcome;
 }
@@ -211,7 +217,7 @@ bool OpenAccount::removeFromTotals(const std::string& date, double amount,
 
 void OpenAccount::recompute() {
   // Read from the files again, as the stored state is what the balances must follow.
-  std::vector<Movement> stored;
+  MovementRecords stored;
   readMovements(stored);
   settle(recomputed(stored, carry_.carryAmount, todayKey()));
 }
@@ -225,7 +231,11 @@ void OpenAccount::settle(const ExactBalances& exact) {
 bool OpenAccount::recomputeFitsWith(std::size_t number, const Movement& changed) const {
   BalanceRecompute sums(todayKey());
   for (std::size_t i = 0; i < movements_.size(); ++i) {
-    sums.add(i + 1 == number ? changed : movements_[i]);
+    if (i + 1 == number) {
+      sums.add(changed);
+    } else {
+      sums.add(movements_[i]);
+    }
   }
   if (number > movements_.size()) {
     sums.add(changed);

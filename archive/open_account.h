@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "archive/data_directory.h"
+#include "archive/movement_records.h"
 #include "archive/records.h"
 #include "archive/running_balances.h"
 #include "archive/tables.h"
@@ -21,7 +22,7 @@ struct DateSpan {
   std::string earliest;
   std::string latest;
 };
-DateSpan dateSpanOf(const std::vector<Movement>& movements);
+DateSpan dateSpanOf(const MovementRecords& movements);
 
 class OpenAccount {
  public:
@@ -38,9 +39,10 @@ class OpenAccount {
   const std::string& code() const { return code_; }
   std::string filePath(const char* extension) const;
 
-  const std::vector<Movement>& movements() const { return movements_; }
+  // The movements as their records; `movement` decodes movement `number` (1-based).
+  const MovementRecords& movements() const { return movements_; }
   std::size_t count() const { return movements_.size(); }
-  const Movement& movement(std::size_t number) const { return movements_.at(number - 1); }
+  Movement movement(std::size_t number) const;
   const CarryForward& carryForward() const { return carry_; }
   DateSpan dateSpan() const { return dateSpanOf(movements_); }
 
@@ -83,7 +85,7 @@ class OpenAccount {
   static constexpr int kCapacityReached = -1;
 
  private:
-  Damage readMovements(std::vector<Movement>& out) const;
+  Damage readMovements(MovementRecords& out) const;
   std::int32_t todayKey() const;
   // The balances of a full recompute become the running balances, shown and stored.
   void settle(const ExactBalances& exact);
@@ -96,7 +98,7 @@ class OpenAccount {
   const Clock* clock_;
   std::string code_;
   std::string creditLine_;
-  std::vector<Movement> movements_;
+  MovementRecords movements_;
   CarryForward carry_;
   WholeBalances balances_;
   StatusPanels panels_;

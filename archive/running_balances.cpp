@@ -45,10 +45,9 @@ bool ExactBalances::fitsWholeUnits() const {
   return roundHalfEven(today).has_value() && roundHalfEven(total).has_value();
 }
 
-void BalanceRecompute::add(std::string_view sign, double amount, std::string_view date) {
-  const bool credit = isCredit(sign);
+void BalanceRecompute::add(bool credit, double amount, std::int32_t dateKey) {
   (credit ? creditsAll_ : debitsAll_) += amount;
-  if (dateKey(date) <= todayKey_) {
+  if (dateKey <= todayKey_) {
     (credit ? creditsToday_ : debitsToday_) += amount;
   }
 }
@@ -57,10 +56,10 @@ ExactBalances BalanceRecompute::result(std::int32_t carryAmount) const {
   return {creditsToday_ - debitsToday_ + carryAmount, creditsAll_ - debitsAll_ + carryAmount};
 }
 
-ExactBalances recomputed(const std::vector<Movement>& movements, std::int32_t carryAmount,
+ExactBalances recomputed(const MovementRecords& movements, std::int32_t carryAmount,
                          std::int32_t todayKey) {
   BalanceRecompute sums(todayKey);
-  for (const Movement& m : movements) {
+  for (const MovementView m : movements) {
     sums.add(m);
   }
   return sums.result(carryAmount);

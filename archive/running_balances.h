@@ -13,7 +13,9 @@
 #include <string_view>
 #include <vector>
 
+#include "archive/movement_records.h"
 #include "archive/records.h"
+#include "common/dates.h"
 
 namespace contavia {
 
@@ -44,11 +46,13 @@ struct ExactBalances {
 class BalanceRecompute {
  public:
   explicit BalanceRecompute(std::int32_t todayKey) : todayKey_(todayKey) {}
-  void add(const Movement& m) { add(m.sign, m.amount, m.operationDate); }
-  void add(std::string_view sign, double amount, std::string_view date);
+  void add(const Movement& m) { add(m.sign == "A", m.amount, dateKey(m.operationDate)); }
+  void add(MovementView m) { add(m.isCredit(), m.amount(), m.dateKey()); }
   ExactBalances result(std::int32_t carryAmount) const;
 
  private:
+  void add(bool credit, double amount, std::int32_t dateKey);
+
   std::int32_t todayKey_;
   double creditsAll_ = 0.0;
   double debitsAll_ = 0.0;
@@ -56,7 +60,7 @@ class BalanceRecompute {
   double debitsToday_ = 0.0;
 };
 
-ExactBalances recomputed(const std::vector<Movement>& movements, std::int32_t carryAmount,
+ExactBalances recomputed(const MovementRecords& movements, std::int32_t carryAmount,
                          std::int32_t todayKey);
 
 // The available amount: today's balance plus the credit line read as a number.

@@ -4,10 +4,10 @@
 #include "cli/command.h"
 #include "cli/ledger_support.h"
 #include "cli/report_output.h"
+#include "cli/report_pdf.h"
 #include "common/dates.h"
 #include "ledger/closing.h"
 #include "ledger/closing_undo.h"
-#include "ui/report_painter.h"
 
 namespace contavia::cli {
 namespace {
@@ -25,10 +25,7 @@ int chiusura(Context& c) {
   if (!dateLeftEmpty(date)) {
     requireDate(date);
   }
-  const ClosingResult result =
-      closePeriod(c.session, date, [](const Report& report, const std::string& path) {
-        return ui::writeReportPdf(report, QString::fromStdString(path));
-      });
+  const ClosingResult result = closePeriod(c.session, date, writeReportPdf);
   if (!result.closed) {
     return kExitStopped;
   }

@@ -6,9 +6,9 @@
 
 #include "archive/disk_errors.h"
 #include "cli/ledger_support.h"
+#include "cli/report_pdf.h"
 #include "common/text.h"
 #include "printing/printer.h"
-#include "ui/report_painter.h"
 
 namespace contavia::cli {
 
@@ -32,7 +32,7 @@ int deliverReport(Context& c, const Report& report, const std::optional<std::str
   }
   bool written = false;
   if (foldCase(*file).ends_with(".PDF")) {
-    written = ui::writeReportPdf(report, QString::fromStdString(*file));
+    written = writeReportPdf(report, *file);
   } else {
     std::ofstream out(*file, std::ios::binary | std::ios::trunc);
     printLines(out, text.lines());

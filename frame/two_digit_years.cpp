@@ -24,7 +24,7 @@ bool reorderTwoDigitYears(Session& session) {
   }
   // Only the movements whose date changes are written, all in one go.
   std::vector<Movement> changed;
-  const std::vector<Movement>& movements = account->movements();
+  const std::vector<Movement> movements = account->movements().decodedAll();
   for (std::size_t i = 0; i < movements.size(); ++i) {
     const std::string date = fourDigitYearDate(movements[i].operationDate);
     if (date != trim(movements[i].operationDate)) {

@@ -130,7 +130,7 @@ ClosingResult closePeriod(Session& session, const std::string& typedDate,
   const DataDirectory& dir = session.dir();
   const std::string closingDate = trim(typedDate);
   const std::string code = account->code();
-  const ClosingPlan plan = planClosing(account->movements(), closingDate);
+  const ClosingPlan plan = planClosing(account->movements().decodedAll(), closingDate);
   const CarryForward before = account->carryForward();
   const auto carried = carriedForward(before.carryAmount, plan.runningSum);
   if (!carried) {

@@ -141,16 +141,14 @@ bool MovementEntry::picksMovement(std::size_t row) const {
 bool MovementEntry::selectMovement(std::size_t number) {
   // A movement is its position in the file, whatever number a damaged record may carry.
   OpenAccount& a = account();
-  const std::vector<Movement>& movements = a.movements();
-  if (number < 1 || number > movements.size()) {
+  if (number < 1 || number > a.count()) {
     return false;
   }
-  const std::size_t slot = number - 1;
   // A movement already selected goes back into the balances before another one is taken out.
   if (selected_ != 0) {
     abandon();
   }
-  const Movement m = movements[slot];
+  const Movement m = a.movement(number);
   if (!a.incrementFits(m.operationDate, m.amount, m.sign, /*reverse=*/true)) {
     return stop(balanceOverflowText());
   }
@@ -263,7 +261,7 @@ void MovementEntry::finishSave(const Movement& saved) {
 void MovementEntry::abandon() {
   OpenAccount& a = account();
   if (selected_ != 0 && selected_ <= a.count()) {
-    const Movement& m = a.movement(selected_);
+    const Movement m = a.movement(selected_);
     a.addToTotals(m.operationDate, m.amount, m.sign);
   }
   resetRow();
@@ -277,7 +275,7 @@ bool MovementEntry::deleteSelected() {
   if (!confirm(session_.prompter(), warningQuestion(kDeleteQuestion))) {
     return false;
   }
-  std::vector<Movement> kept = a.movements();
+  std::vector<Movement> kept = a.movements().decodedAll();
   kept.erase(kept.begin() + static_cast<std::ptrdiff_t>(selected_ - 1));
   if (!written(session_.prompter(), a.replaceMovements(std::move(kept)))) {
     return false;

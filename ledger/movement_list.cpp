@@ -254,7 +254,7 @@ std::vector<std::string> causaleSelectorItems(const std::vector<Causale>& causal
   return items;
 }
 
-MovementList buildMovementList(const std::vector<Movement>& movements, const CarryForward& carry,
+MovementList buildMovementList(const MovementRecords& movements, const CarryForward& carry,
                                const std::vector<Causale>& causali, ListBuilder builder,
                                const ListFilter& filter) {
   const BuilderStyle& style = styleOf(builder);
@@ -273,7 +273,8 @@ MovementList buildMovementList(const std::vector<Movement>& movements, const Car
 
   double outOfList = 0.0;
   std::size_t listed = 0;
-  for (const Movement& m : movements) {
+  for (const MovementView record : movements) {
+    const Movement m = record.decoded();
     const CausaleName& causale = causaleOf(names, m);
     if (filtered && !filterTest.lists(m, causale)) {
       outOfList += trim(m.sign) == "D" ? -m.amount : m.amount;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "archive/movement_records.h"
 #include "archive/records.h"
 
 namespace contavia {
@@ -40,7 +41,7 @@ std::string movementNumberText(std::int16_t number);
 std::string movementListHeading();
 
 // Builds the list. `filter` is used by the filtered builder only.
-MovementList buildMovementList(const std::vector<Movement>& movements, const CarryForward& carry,
+MovementList buildMovementList(const MovementRecords& movements, const CarryForward& carry,
                                const std::vector<Causale>& causali, ListBuilder builder,
                                const ListFilter& filter = {});
 

@@ -42,15 +42,16 @@ std::vector<std::uint8_t> readBytes(FileLayer& files, const std::string& path, s
 }  // namespace
 
 std::int64_t countCausaleUses(const DataDirectory& dir, const std::vector<Account>& accounts,
-                              const std::vector<Movement>& workingMovements,
+                              const MovementRecords& workingMovements,
                               std::string_view causaleCode) {
   const std::string wanted = trim(causaleCode);
   const bool emptySlotMatches = wanted.empty();
   // matches[j - 1]: in-memory slot j holds a movement with the causale.
   std::vector<std::uint8_t> matches;
   matches.reserve(workingMovements.size());
-  for (const Movement& m : workingMovements) {
-    matches.push_back(trim(m.causaleCode) == wanted ? 1 : 0);
+  std::string scratch;
+  for (const MovementView m : workingMovements) {
+    matches.push_back(trim(m.causaleCode(scratch)) == wanted ? 1 : 0);
   }
   const FolderIndex folder(dir);
   std::int64_t count = 0;

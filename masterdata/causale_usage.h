@@ -17,12 +17,13 @@
 #include <vector>
 
 #include "archive/data_directory.h"
+#include "archive/movement_records.h"
 #include "archive/records.h"
 
 namespace contavia {
 
 std::int64_t countCausaleUses(const DataDirectory& dir, const std::vector<Account>& accounts,
-                              const std::vector<Movement>& workingMovements,
+                              const MovementRecords& workingMovements,
                               std::string_view causaleCode);
 
 }  // namespace contavia

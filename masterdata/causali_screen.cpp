@@ -68,7 +68,7 @@ bool CausaliScreen::accepts(bool changing) {
 }
 
 bool CausaliScreen::mayRemove(const Causale& r) {
-  static const std::vector<Movement> kNoMovements;
+  static const MovementRecords kNoMovements;
   const OpenAccount* working = session().account();
   const std::int64_t uses =
       countCausaleUses(session().dir(), session().tables().accounts,

@@ -10,7 +10,7 @@ packages=(
   clang-format clang-tidy clang libclang-rt-dev
   fonts-liberation fonts-dejavu-core
   xvfb xauth xdotool imagemagick poppler-utils
-  librsvg2-bin dpkg-dev
+  librsvg2-bin dpkg-dev time bc
 )
 
 missing=()

@@ -90,7 +90,8 @@ TEST(MovementListTest, WholeLinesOfTheMainAndWholeUnitsBuilders) {
         " Nr. Movimenti: 2"}},
   };
   for (const Case& c : cases) {
-    const MovementList list = buildMovementList(c.movements, c.carry, kCausali, c.builder);
+    const MovementList list =
+        buildMovementList(MovementRecords::of(c.movements), c.carry, kCausali, c.builder);
     EXPECT_EQ(list.lines, c.lines) << c.name;
     EXPECT_EQ(list.hasCarryForwardLine, !c.carry.carryDate.empty()) << c.name;
   }
@@ -98,8 +99,8 @@ TEST(MovementListTest, WholeLinesOfTheMainAndWholeUnitsBuilders) {
 
 TEST(MovementListTest, TheHeadingLinesUpWithTheColumns) {
   const std::string heading = movementListHeading();
-  const MovementList list =
-      buildMovementList(kMovements, CarryForward{}, kCausali, ListBuilder::Main);
+  const MovementList list = buildMovementList(MovementRecords::of(kMovements), CarryForward{},
+                                              kCausali, ListBuilder::Main);
   const std::string& debit = list.lines[4];   // 01/01/2024 0001, 650,00 in the first column
   const std::string& credit = list.lines[0];  // 31/12/2024 0002, 1.850,50 in the second
   EXPECT_EQ(heading.find("N.O."), debit.find("0001"));
@@ -110,8 +111,8 @@ TEST(MovementListTest, TheHeadingLinesUpWithTheColumns) {
 
 TEST(MovementListTest, NegativeCarryForwardStandsInTheSecondColumnAndCountsThere) {
   const std::vector<Movement> one = {movement(1, "02/01/2024", "CAF", 100, "D")};
-  const MovementList list =
-      buildMovementList(one, carry("31/12/2023", -300), kCausali, ListBuilder::Main);
+  const MovementList list = buildMovementList(MovementRecords::of(one), carry("31/12/2023", -300),
+                                              kCausali, ListBuilder::Main);
   EXPECT_EQ(list.lines[0],
             "31/12/2023     " + sp(13) + sp(6) + "-300,00 Riporto Chiusura precedente");
   EXPECT_EQ(list.lines[3], " Totali      " + sp(7) + "100,00" + sp(7) + "300,00");
@@ -144,8 +145,8 @@ TEST(MovementListTest, FilteredBuilderPutsWhatItLeavesOutInTheOutOfListAmount) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
-    const MovementList list =
-        buildMovementList(kMovements, CarryForward{}, kCausali, ListBuilder::Filtered, c.filter);
+    const MovementList list = buildMovementList(MovementRecords::of(kMovements), CarryForward{},
+                                                kCausali, ListBuilder::Filtered, c.filter);
     ASSERT_EQ(list.lines.size(), c.movementLines.size() + 7);
     for (std::size_t i = 0; i < c.movementLines.size(); ++i) {
       EXPECT_EQ(list.lines[i].substr(0, 15), c.movementLines[i]);
@@ -159,13 +160,13 @@ TEST(MovementListTest, FilteredBuilderPutsWhatItLeavesOutInTheOutOfListAmount) {
 }
 
 TEST(MovementListTest, PickedLineGivesTheNumberWrittenInIt) {
-  const MovementList withCarry =
-      buildMovementList(kMovements, carry("31/12/2023", 1500), kCausali, ListBuilder::Main);
-  const MovementList withoutCarry =
-      buildMovementList(kMovements, CarryForward{}, kCausali, ListBuilder::Main);
+  const MovementList withCarry = buildMovementList(
+      MovementRecords::of(kMovements), carry("31/12/2023", 1500), kCausali, ListBuilder::Main);
+  const MovementList withoutCarry = buildMovementList(MovementRecords::of(kMovements),
+                                                      CarryForward{}, kCausali, ListBuilder::Main);
   const MovementList filtered =
-      buildMovementList(kMovements, CarryForward{}, kCausali, ListBuilder::Filtered,
-                        {"31/12/2024", "31/12/2024", " TUTTE"});
+      buildMovementList(MovementRecords::of(kMovements), CarryForward{}, kCausali,
+                        ListBuilder::Filtered, {"31/12/2024", "31/12/2024", " TUTTE"});
   const std::optional<std::size_t> none;
   // The number each line picks, from the first line on; every later line picks nothing.
   const std::vector<std::pair<const MovementList*, std::vector<std::optional<std::size_t>>>> cases =
@@ -188,7 +189,8 @@ TEST(MovementListTest, MovementTenThousandIsPickedWithItsFiveDigits) {
     many[i].movementNumber = static_cast<std::int16_t>(i + 1);
   }
   many.back().operationDate = "02/01/2024";
-  const MovementList list = buildMovementList(many, CarryForward{}, kCausali, ListBuilder::Main);
+  const MovementList list =
+      buildMovementList(MovementRecords::of(many), CarryForward{}, kCausali, ListBuilder::Main);
   EXPECT_EQ(list.lines[0].substr(0, 16), "02/01/2024 10000");
   EXPECT_EQ(pickedMovementNumber(list, 0, many.size()), 10000U);
   EXPECT_EQ(pickedMovementNumber(list, 1, many.size()), 1U);
