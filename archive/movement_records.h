@@ -25,6 +25,8 @@ class MovementView {
   std::string_view text(std::size_t offset, std::size_t width, std::string& scratch) const;
   std::string_view date(std::string& scratch) const { return text(2, 10, scratch); }
   std::string_view causaleCode(std::string& scratch) const { return text(12, 5, scratch); }
+  std::string_view documentNumber(std::string& scratch) const { return text(25, 8, scratch); }
+  std::string_view description(std::string& scratch) const { return text(33, 30, scratch); }
   std::string_view sign(std::string& scratch) const { return text(63, 1, scratch); }
   // The sign field reads "A".
   bool isCredit() const;

@@ -113,8 +113,6 @@ std::string movementNumberText(std::int16_t number) {
 
 namespace {
 
-bool isCredit(const Movement& m) { return trim(m.sign) == "A"; }
-
 // A causale as a movement line shows it: its whole description (for the causale filter) and the
 // first 18 characters that stand in the line.
 struct CausaleName {
@@ -140,8 +138,9 @@ CausaleNames causaleNames(const std::vector<Causale>& causali) {
 
 // The causale of a movement; when its code is not in the table, the code itself, so that the
 // line still says which causale it carries (remembered for the next movement of that code).
-const CausaleName& causaleOf(CausaleNames& names, const Movement& m) {
-  std::string code = trim(m.causaleCode);
+const CausaleName& causaleOf(CausaleNames& names, MovementView m) {
+  std::string scratch;
+  std::string code = trim(m.causaleCode(scratch));
   const auto found = names.find(code);
   if (found != names.end()) {
     return found->second;
@@ -158,29 +157,31 @@ struct ColumnTotals {
 // A movement line with its key in front: 1000000 minus the DateKey, then the date, the number,
 // the two amount columns (27 characters: a debit in the first, a credit in the second), the
 // causale, the document and the description.
-std::string keyedMovementLine(const Movement& m, const std::string& causale,
+// Its fields are read from the record, text decoded only where it is not plain ASCII.
+std::string keyedMovementLine(MovementView m, std::int32_t key, const std::string& causale,
                               const BuilderStyle& s) {
+  std::string scratch;
   std::string line;
   line.reserve(kKeyWidth + 100);
-  appendFitted(line, std::to_string(1000000 - static_cast<std::int64_t>(dateKey(m.operationDate))),
-               kKeyWidth);
-  appendFitted(line, m.operationDate, 10);
+  appendFitted(line, std::to_string(1000000 - static_cast<std::int64_t>(key)), kKeyWidth);
+  appendFitted(line, m.date(scratch), 10);
   line += ' ';
-  line += movementNumberText(m.movementNumber);
-  if (isCredit(m)) {
+  line += movementNumberText(m.number());
+  const double amount = m.amount();
+  if (m.isCredit()) {
     line.append(kAmountWidth + 1, ' ');
-    appendPaddedLeft(line, formatNumber(m.amount, s.lineMask), kAmountWidth);
+    appendPaddedLeft(line, formatNumber(amount, s.lineMask), kAmountWidth);
   } else {
     line += ' ';
-    appendPaddedLeft(line, formatNumber(m.amount, s.lineMask), kAmountWidth);
+    appendPaddedLeft(line, formatNumber(amount, s.lineMask), kAmountWidth);
     line.append(kAmountWidth, ' ');
   }
   line += ' ';
   line += causale;
   line += '-';
-  line += trim(m.documentNumber);
+  line += trim(m.documentNumber(scratch));
   line += '-';
-  appendFitted(line, m.description, kDescriptionWidth);
+  appendFitted(line, m.description(scratch), kDescriptionWidth);
   return line;
 }
 
@@ -207,8 +208,7 @@ class FilterTest {
         anyCausale_(filter.causale.empty() || filter.causale == kAllCausali),
         causale_(trim(filter.causale)) {}
 
-  bool lists(const Movement& m, const CausaleName& causale) const {
-    const std::int32_t key = dateKey(m.operationDate);
+  bool lists(std::int32_t key, const CausaleName& causale) const {
     return key >= from_ && key <= to_ && (anyCausale_ || causale.description == causale_);
   }
 
@@ -273,15 +273,16 @@ MovementList buildMovementList(const MovementRecords& movements, const CarryForw
 
   double outOfList = 0.0;
   std::size_t listed = 0;
-  for (const MovementView record : movements) {
-    const Movement m = record.decoded();
+  for (const MovementView m : movements) {
     const CausaleName& causale = causaleOf(names, m);
-    if (filtered && !filterTest.lists(m, causale)) {
-      outOfList += trim(m.sign) == "D" ? -m.amount : m.amount;
+    const std::int32_t key = m.dateKey();
+    if (filtered && !filterTest.lists(key, causale)) {
+      std::string scratch;
+      outOfList += trim(m.sign(scratch)) == "D" ? -m.amount() : m.amount();
       continue;
     }
-    (isCredit(m) ? totals.credits : totals.debits) += m.amount;
-    keyed.push_back(keyedMovementLine(m, causale.column, style));
+    (m.isCredit() ? totals.credits : totals.debits) += m.amount();
+    keyed.push_back(keyedMovementLine(m, key, causale.column, style));
     ++listed;
   }
   addTotalsBlock(keyed, style, totals, outOfList, listed);
