@@ -216,10 +216,9 @@ bool OpenAccount::removeFromTotals(const std::string& date, double amount,
 }
 
 void OpenAccount::recompute() {
-  // Read from the files again, as the stored state is what the balances must follow.
-  MovementRecords stored;
-  readMovements(stored);
-  settle(recomputed(stored, carry_.carryAmount, todayKey()));
+  // The records held are the stored ones: every write goes through this class and changes them
+  // only once it has reached the files.
+  settle(recomputed(movements_, carry_.carryAmount, todayKey()));
 }
 
 void OpenAccount::settle(const ExactBalances& exact) {

@@ -24,7 +24,7 @@ double boundedVal(std::string_view text) {
 
 // Day, month and year of a well-formed "dd/mm/yyyy", read digit by digit: the same values the
 // general reading below gives, without building texts (dates are compared by the thousand).
-bool readPlainDate(std::string_view text, double& day, double& month, double& year) {
+bool readPlainDate(std::string_view text, int& day, int& month, int& year) {
   if (text.size() != 10 || text[2] != '/' || text[5] != '/') {
     return false;
   }
@@ -61,12 +61,17 @@ std::int32_t dateKey(std::string_view dateText) {
   double day = 0.0;
   double month = 0.0;
   double year = 0.0;
-  if (!readPlainDate(dateText, day, month, year)) {
-    day = boundedVal(leftChars(dateText, 2));
-    const bool separated = midChars(dateText, 2, 1) == "/";
-    month = boundedVal(midChars(dateText, separated ? 3 : 2, 2));
-    year = boundedVal(rightChars(dateText, 4));
+  if (int d = 0, m = 0, y = 0; readPlainDate(dateText, d, m, y)) {
+    // Whole numbers below 2^24: the single-precision sum below is exact, so it is done in
+    // integers.
+    const int before =
+        m >= 1 && m <= 12 ? kDaysBeforeMonth[m - 1] + (m >= 3 && isLeapYear(y) ? 1 : 0) : 0;
+    return 366 * y + before + d;
   }
+  day = boundedVal(leftChars(dateText, 2));
+  const bool separated = midChars(dateText, 2, 1) == "/";
+  month = boundedVal(midChars(dateText, separated ? 3 : 2, 2));
+  year = boundedVal(rightChars(dateText, 4));
 
   float before = 0.0F;
   const int monthIndex = static_cast<int>(month);

@@ -71,14 +71,18 @@ std::vector<std::string> MovementEntry::causaleSelector() const {
   return causaleSelectorItems(session_.tables().causali);
 }
 
-void MovementEntry::rebuild() {
-  const OpenAccount* a = session_.account();
-  if (a == nullptr) {
-    list_ = MovementList{};
-    return;
+void MovementEntry::rebuild() { listBuilt_ = false; }
+
+const MovementList& MovementEntry::list() const {
+  // Built when first looked at: a caller that shows no list (the command line) never pays for it.
+  if (!listBuilt_) {
+    const OpenAccount* a = session_.account();
+    list_ = a == nullptr ? MovementList{}
+                         : buildMovementList(a->movements(), a->carryForward(),
+                                             session_.tables().causali, view_, filter_);
+    listBuilt_ = true;
   }
-  list_ = buildMovementList(a->movements(), a->carryForward(), session_.tables().causali, view_,
-                            filter_);
+  return list_;
 }
 
 void MovementEntry::resetRow() {
@@ -129,13 +133,13 @@ void MovementEntry::pickCausale(std::size_t row) {
 }
 
 bool MovementEntry::selectLine(std::size_t row) {
-  const auto number = pickedMovementNumber(list_, row, account().count());
+  const auto number = pickedMovementNumber(list(), row, account().count());
   return number && selectMovement(*number);
 }
 
 bool MovementEntry::picksMovement(std::size_t row) const {
   return session_.account() != nullptr &&
-         pickedMovementNumber(list_, row, session_.account()->count()).has_value();
+         pickedMovementNumber(list(), row, session_.account()->count()).has_value();
 }
 
 bool MovementEntry::selectMovement(std::size_t number) {
@@ -297,7 +301,7 @@ void MovementEntry::applyFilter() {
 void MovementEntry::refresh() {
   view_ = ListBuilder::Main;
   if (session_.account() == nullptr) {
-    list_ = MovementList{};
+    rebuild();
     return;
   }
   if (selected_ > account().count()) {

@@ -42,7 +42,8 @@ class MovementEntry {
 
   EntryRow& row() { return row_; }
   const EntryRow& row() const { return row_; }
-  const MovementList& list() const { return list_; }
+  // The list as the builder in use makes it from the account as it is now.
+  const MovementList& list() const;
   std::vector<std::string> causaleSelector() const;
   ListFilter& filter() { return filter_; }
   const ListFilter& filter() const { return filter_; }
@@ -96,7 +97,8 @@ class MovementEntry {
 
   Session& session_;
   EntryRow row_;
-  MovementList list_;
+  mutable MovementList list_;
+  mutable bool listBuilt_ = false;
   ListFilter filter_;
   std::size_t selected_ = 0;
   ListBuilder view_ = ListBuilder::Main;
