@@ -1,13 +1,19 @@
 // The archive under load: opening an account of 10,000 movements (count, movements,
-// carry-forward, totals, and the full recompute that reads the files again), the recompute on its
-// own, and the start-up load of 1,000 accounts.
+// carry-forward, totals, and the full recompute) beside its floor (bench/plain_floor.h: the same
+// files read and summed by a plain loop), with the heap the open account holds against the size
+// of its files; the recompute on its own; and the start-up load of 1,000 accounts.
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <filesystem>
 
 #include "archive/open_account.h"
 #include "archive/session.h"
 #include "archive/tables.h"
 #include "bench/generator/archive_generator.h"
+#include "bench/plain_floor.h"
+#include "common/text.h"
 
 namespace contavia::bench {
 namespace {
@@ -40,8 +46,30 @@ void BM_OpenAccount10000(benchmark::State& state) {
     benchmark::DoNotOptimize(account.balanceTotal());
   }
   state.SetItemsProcessed(state.iterations() * 10000);
+  // The heap the open account holds, per byte of its files.
+  const std::size_t before = mallinfo2().uordblks;
+  OpenAccount held(dir, kClock, record.accountCode, record.creditLine);
+  held.load();
+  const std::size_t after = mallinfo2().uordblks;
+  std::uintmax_t fileBytes = 0;
+  for (const char* extension : {".MOC", ".MOR", ".TOC", ".RIP"}) {
+    fileBytes +=
+        std::filesystem::file_size(archive.folder.path() + trim(record.accountCode) + extension);
+  }
+  state.counters["heap_per_file_byte"] =
+      static_cast<double>(after - before) / static_cast<double>(fileBytes);
 }
 BENCHMARK(BM_OpenAccount10000)->Unit(benchmark::kMillisecond);
+
+// The floor of the opening: the account's files read and summed by a plain loop.
+void BM_Floor_ReadAndSum10000(benchmark::State& state) {
+  const std::string folder = largeAccount().folder.path();
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(plain::readAndSum(folder).total);
+  }
+  state.SetItemsProcessed(state.iterations() * 10000);
+}
+BENCHMARK(BM_Floor_ReadAndSum10000)->Unit(benchmark::kMillisecond);
 
 void BM_RecomputeTotals10000(benchmark::State& state) {
   const Archive& archive = largeAccount();

@@ -1,11 +1,13 @@
 // The working account's daily loop on a large account: choosing an account of 10,000 movements
-// (open, recompute, build the list) and building the list alone with each builder.
+// (open, recompute, build the list) beside its floor (bench/plain_floor.h: the file read, its
+// movements sorted newest first and printed), and building the list alone with each builder.
 
 #include <benchmark/benchmark.h>
 
 #include "archive/file_layer.h"
 #include "archive/session.h"
 #include "bench/generator/archive_generator.h"
+#include "bench/plain_floor.h"
 #include "common/clock.h"
 #include "common/prompter.h"
 #include "ledger/movement_entry.h"
@@ -55,6 +57,17 @@ void BM_ChooseAccountAndBuildList(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_ChooseAccountAndBuildList)->Unit(benchmark::kMillisecond);
+
+// The floor of the list: read, sort newest first, print one line a movement (to /dev/null).
+void BM_Floor_ReadSortPrint10000(benchmark::State& state) {
+  LargeAccount& a = largeAccount();
+  std::FILE* out = std::fopen("/dev/null", "w");
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(bench::plain::printLines(a.folder.path(), true, out));
+  }
+  std::fclose(out);
+}
+BENCHMARK(BM_Floor_ReadSortPrint10000)->Unit(benchmark::kMillisecond);
 
 void BM_BuildList(benchmark::State& state) {
   LargeAccount& a = largeAccount();

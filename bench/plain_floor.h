@@ -1,5 +1,5 @@
 #pragma once
-// The floor of the summaries: what it costs simply to read every account's files and sum its
+// The floors of the benchmarks: what it costs simply to read every account's files and sum its
 // movements, written as a plain program would, with POSIX calls and no code of Contavia. For
 // each account of "CONTI.CON" (its count in "RecConti.CON"): the count of ".MOR", the whole
 // ".MOC" (87-byte records: amount an 8-byte little-endian double at offset 17, sign byte at 63,
@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -117,6 +118,51 @@ inline Sums readAndSum(const std::string& folder) {
     ++sums.accounts;
   }
   return sums;
+}
+
+// "dd/mm/yyyy" at offset 2 of a movement record as yyyymmdd.
+inline int dateKeyAt(const unsigned char* r) {
+  const auto digits = [r](int at, int n) {
+    int v = 0;
+    for (int i = 0; i < n; ++i) {
+      v = v * 10 + (r[2 + at + i] - '0');
+    }
+    return v;
+  };
+  return digits(6, 4) * 10000 + digits(3, 2) * 100 + digits(0, 2);
+}
+
+// The floor of a listing: every account's ".MOC" read whole and each movement printed to `out`
+// as one line (date, number, amount, sign, description, account); with `newestFirst` each
+// account's movements sorted by date, then number, from the last, as the movement list shows
+// them. How many lines were printed.
+inline std::size_t printLines(const std::string& folder, bool newestFirst, std::FILE* out) {
+  constexpr std::size_t kMovementLength = 87;
+  std::vector<unsigned char> movements;
+  std::vector<const unsigned char*> order;
+  std::size_t count = 0;
+  for (const std::string& code : accountCodes(folder)) {
+    readWhole(folder + code + ".MOC", movements);
+    order.clear();
+    for (std::size_t i = 0; i + kMovementLength <= movements.size(); i += kMovementLength) {
+      order.push_back(movements.data() + i);
+    }
+    if (newestFirst) {
+      std::sort(order.begin(), order.end(), [](const unsigned char* a, const unsigned char* b) {
+        const int ka = dateKeyAt(a);
+        const int kb = dateKeyAt(b);
+        return ka != kb ? ka > kb : int16At(a) > int16At(b);
+      });
+    }
+    for (const unsigned char* r : order) {
+      double amount = 0.0;
+      std::memcpy(&amount, r + 17, sizeof amount);
+      std::fprintf(out, "%.10s %04d %14.2f %c %.30s %s\n", reinterpret_cast<const char*>(r + 2),
+                   int16At(r), amount, r[63], reinterpret_cast<const char*>(r + 33), code.c_str());
+      ++count;
+    }
+  }
+  return count;
 }
 
 }  // namespace contavia::bench::plain
