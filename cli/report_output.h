@@ -13,9 +13,13 @@ namespace contavia::cli {
 
 // Refuses as a usage error a FILE whose folder does not exist: checked before an action that
 // cannot be repeated (a closing) so that its report has somewhere to go.
-void requireReportFolder(const std::optional<std::string>& file);
+void requireReportFolder(const std::optional<std::string>& file, const char* option = "stampa");
 
 // Exit status 0 when the report was written; 1 (after the message) when FILE could not be.
 int deliverReport(Context& c, const Report& report, const std::optional<std::string>& file);
+
+// With --csv FILE, the table written to FILE whole (or not at all): exit status 0 when written
+// or not asked for, 1 (after the message) when FILE could not be written.
+int deliverCsv(Context& c, const std::string& table, const std::optional<std::string>& file);
 
 }  // namespace contavia::cli
