@@ -7,8 +7,8 @@
 #include "cli/command.h"
 #include "cli/ledger_support.h"
 #include "cli/report_output.h"
-#include "ledger/movement_export.h"
 #include "common/text.h"
+#include "ledger/movement_export.h"
 
 namespace contavia::cli {
 namespace {
@@ -23,11 +23,11 @@ int movimenti(Context& c) {
     return kExitStopped;
   }
   printLines(c.out, entry->list().lines);
-  return deliverCsv(c,
-                    csv ? movementListCsv(*c.session.account(), entry->list(),
-                                          c.session.tables().causali)
-                        : std::string(),
-                    csv);
+  return deliverCsv(
+      c,
+      csv ? movementListCsv(*c.session.account(), entry->list(), c.session.tables().causali)
+          : std::string(),
+      csv);
 }
 
 }  // namespace

@@ -25,7 +25,8 @@ void CsvTable::separate() {
 CsvTable& CsvTable::text(std::string_view value) {
   separate();
   std::string field;
-  if (!value.empty() && (value[0] == '=' || value[0] == '+' || value[0] == '-' || value[0] == '@')) {
+  if (!value.empty() &&
+      (value[0] == '=' || value[0] == '+' || value[0] == '-' || value[0] == '@')) {
     field += '\'';
   }
   field += value;

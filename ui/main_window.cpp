@@ -64,6 +64,7 @@ MainWindow::MainWindow(Session& session, QWidget* parent)
       chooseFolder(defaultFolderChooser),
       printerSetup(runPrinterSetup),
       choosePdfFile(askPdfFile),
+      chooseCsvFile(askCsvFile),
       session_(session),
       mdi_(named(new QMdiArea, "MDIArea")),
       panel_(new AccountPanel(session)) {
@@ -129,6 +130,11 @@ void MainWindow::buildMenus() {
   addEntry(file, "Stampe", "&Stampa Movimenti", [this] { printMovements(); });
   addEntry(file, "TM", "Totale Movimenti", [this] { openMovementQuery(); });
   addEntry(file, "TotConti", "Totale conti", [this] { openSummaries(); });
+  addEntry(file, "Esporta", "Esporta...", [this] {
+    if (MovementWindow* window = movementWindow()) {
+      window->exportList();
+    }
+  });
   file->addSeparator()->setObjectName("A");
   addEntry(file, "Esci", "Esci", [this] { exitWithConfirmation(); });
 
@@ -370,8 +376,12 @@ void MainWindow::openAccounts() {
 void MainWindow::setUpPrinter() { printerSetup(this); }
 
 PrintHooks MainWindow::printHooks() {
-  return {[this](QWidget* parent, const Report& report) { preview(parent, report); },
-          [this](QWidget* parent) { printerSetup(parent); }};
+  return {
+      [this](QWidget* parent, const Report& report) { preview(parent, report); },
+      [this](QWidget* parent) { printerSetup(parent); },
+      [this](QWidget* parent, const QString& suggested, const std::function<std::string()>& table) {
+        exportTable(parent, chooseCsvFile, session_.prompter(), suggested, table);
+      }};
 }
 
 void MainWindow::openPrintArchives() { PrintArchivesWindow(session_, printHooks(), this).exec(); }
@@ -383,7 +393,9 @@ void MainWindow::printMovements() {
 }
 
 void MainWindow::enableAccountEntries() {
-  action("Stampe")->setEnabled(movementWindow() != nullptr);
+  for (const char* entry : {"Stampe", "Esporta"}) {
+    action(entry)->setEnabled(movementWindow() != nullptr);
+  }
   for (const char* entry : {"AnnualeSimulata", "ra", "riprchiu", "CancMov"}) {
     action(entry)->setEnabled(session_.account() != nullptr);
   }

@@ -11,6 +11,7 @@
 #include "backup/account_copies.h"
 #include "ui/help_window.h"
 #include "ui/print_preview.h"
+#include "ui/table_export.h"
 
 class QAction;
 class QLabel;
@@ -46,6 +47,7 @@ class MainWindow : public QMainWindow {
   std::function<void(QWidget* parent)> printerSetup;
   std::function<void(QWidget* parent, const Report& report)> preview;
   PdfFileChooser choosePdfFile;
+  CsvFileChooser chooseCsvFile;
   // The folder the backup window shows first: the last one chosen there in this run.
   QString backupFolder;
 

@@ -17,6 +17,7 @@
 #include "common/key_rules.h"
 #include "common/text.h"
 #include "ledger/movement_entry.h"
+#include "ledger/movement_export.h"
 #include "ledger/printed_lists.h"
 #include "ui/causale_picker.h"
 #include "ui/widget_helpers.h"
@@ -187,6 +188,9 @@ void MovementWindow::build() {
   delete_ = named(new QPushButton("Cancella"), "del");
   auto* print = named(new QPushButton("Stampa"), "PulStampe");
   connect(print, &QPushButton::clicked, this, &MovementWindow::print);
+  auto* exportButton = named(new QPushButton("Esporta"), "Esporta");
+  exportButton->setToolTip("Esporta l'elenco in un file per un foglio di calcolo");
+  connect(exportButton, &QPushButton::clicked, this, &MovementWindow::exportList);
   auto* close = named(new QPushButton("Esci"), "Command3D8");
   connect(ok_, &QPushButton::clicked, this, &MovementWindow::onSave);
   // After the jumps of the document number and the description, typing goes on in the
@@ -203,7 +207,7 @@ void MovementWindow::build() {
     }
   });
   auto* buttons = new QHBoxLayout;
-  for (QPushButton* b : {ok_, clear_, delete_, print, close}) {
+  for (QPushButton* b : {ok_, clear_, delete_, print, exportButton, close}) {
     enterClicks(b);
     buttons->addWidget(b);
   }
@@ -218,8 +222,9 @@ void MovementWindow::build() {
 
   // The tab order follows the screen; the window opens on the date of a new movement.
   const std::initializer_list<QWidget*> order = {
-      from_,   to_,       causaleFilter_, filterButton, list_,  date_,   causale_, pick,
-      amount_, document_, description_,   ok_,          clear_, delete_, print,    close};
+      from_,    to_,     causaleFilter_, filterButton, list_,        date_,
+      causale_, pick,    amount_,        document_,    description_, ok_,
+      clear_,   delete_, print,          exportButton, close};
   for (auto at = order.begin(); std::next(at) != order.end(); ++at) {
     setTabOrder(*at, *std::next(at));
   }
@@ -288,6 +293,12 @@ void MovementWindow::refresh() {
 }
 
 void MovementWindow::print() { hooks_.preview(this, workingAccountReport(session_, *entry_)); }
+
+void MovementWindow::exportList() {
+  hooks_.exportTable(this, "Movimenti " + qs(session_.currentAccountCode()) + ".csv", [this] {
+    return movementListCsv(*session_.account(), entry_->list(), session_.tables().causali);
+  });
+}
 
 void MovementWindow::onDateChanged() {
   if (filling_) {

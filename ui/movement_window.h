@@ -32,6 +32,8 @@ class MovementWindow : public QWidget {
   void refresh();
   // "Stampa": the list as shown, with the filter that made it, in the print preview.
   void print();
+  // "Esporta": the list as shown, as a table for a spreadsheet.
+  void exportList();
 
  signals:
   // The balances or the movements changed: the main window refreshes its panels.

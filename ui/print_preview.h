@@ -23,6 +23,10 @@ namespace contavia::ui {
 struct PrintHooks {
   std::function<void(QWidget* parent, const Report& report)> preview;
   std::function<void(QWidget* parent)> printerSetup;
+  // "Esporta": the table that the function makes, to a file the user chooses (its name proposed).
+  std::function<void(QWidget* parent, const QString& suggested,
+                     const std::function<std::string()>& table)>
+      exportTable;
 };
 
 // The printer of the program: the system default until the printer set-up chooses another.

@@ -20,13 +20,18 @@ class ExportCliTest : public ::testing::Test {
     test::writeTable(folder, "Causali.CAP", "RecCausa.CAP",
                      {test::causaleRecord(1, "ST", "Stipendio", "A"),
                       test::causaleRecord(2, "AF", "Affitto", "D")});
-    test::writeMovements(
-        folder, "100",
-        {{.date = "01/11/2026", .causale = "ST", .amount = 1000, .sign = "A",
-          .description = "Societ\xE0 \"Alfa\"; novembre"},
-         {.date = "05/11/2026", .causale = "AF", .amount = 300.5, .document = "=1+1",
-          .description = "-affitto"},
-         {.date = "10/11/2026", .causale = "AF", .amount = 50}});
+    test::writeMovements(folder, "100",
+                         {{.date = "01/11/2026",
+                           .causale = "ST",
+                           .amount = 1000,
+                           .sign = "A",
+                           .description = "Societ\xE0 \"Alfa\"; novembre"},
+                          {.date = "05/11/2026",
+                           .causale = "AF",
+                           .amount = 300.5,
+                           .document = "=1+1",
+                           .description = "-affitto"},
+                          {.date = "10/11/2026", .causale = "AF", .amount = 50}});
     folder.write("100.RIP", test::carryForwardRecord("31/10/2026", 200));
   }
 
@@ -41,7 +46,8 @@ class ExportCliTest : public ::testing::Test {
 
 TEST_F(ExportCliTest, TheMovementListAsASpreadsheetReadsIt) {
   const std::string header =
-      "\xEF\xBB\xBF" "Data;Numero;Causale;Descrizione causale;Documento;Descrizione;Dare;Avere;"
+      "\xEF\xBB\xBF"
+      "Data;Numero;Causale;Descrizione causale;Documento;Descrizione;Dare;Avere;"
       "Saldo\r\n31/10/2026;;;;;Riporto Chiusura precedente;;;200,00\r\n";
   const std::string second = "05/11/2026;2;AF;Affitto;'=1+1;'-affitto;300,50;;899,50\r\n";
   ASSERT_EQ(cli({"movimenti", "100", "--csv", out.path() + "tutti.csv"}).exitCode, 0);

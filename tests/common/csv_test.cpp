@@ -14,7 +14,8 @@ TEST(CsvTable, FieldsAsAnItalianSpreadsheetReadsThem) {
   table.number(-0.004).number(0.125).whole(-7);
   table.endRow();
   EXPECT_EQ(table.bytes(),
-            "\xEF\xBB\xBF" "A\r\n'+39 02;'@nome;\"due\r\nrighe\";;-1234,50;0,00;0,13;-7\r\n");
+            "\xEF\xBB\xBF"
+            "A\r\n'+39 02;'@nome;\"due\r\nrighe\";;-1234,50;0,00;0,13;-7\r\n");
 }
 
 }  // namespace

@@ -116,7 +116,7 @@ class MainWindowTest : public QObject {
              (QStringList{"&File", "Archivi", "&Manutenzione", "[Utility]", "Finestra", "?"}));
     const std::vector<QStringList> menus = {
         {"Percorso archivi", "Chiudi", "[Preferenze]", "Imposta Stampante", "Stampa Archivi",
-         "[&Stampa Movimenti]", "Totale Movimenti", "Totale conti", "-", "Esci"},
+         "[&Stampa Movimenti]", "Totale Movimenti", "Totale conti", "[Esporta...]", "-", "Esci"},
         {"Gestione Causali", "Gestione gruppi", "Gestione Categorie", "&Gestione Conto"},
         {"[Chiusura periodica]", "[Riordina archivio]", "[Ripristina chiusura preccedente]",
          "Esegui copie di sicurezza", "Ripristina copie", "-", "[Cancella movimenti]"},
@@ -314,7 +314,7 @@ class MainWindowTest : public QObject {
     // and from the last button round to the date again.
     QCOMPARE(QApplication::focusWidget()->objectName(), QString("dataoper"));
     for (const char* next : {"Causale", "command3d1", "IMPORTO", "NrDoc", "DescMovim", "ok",
-                             "pulisci", "PulStampe", "Command3D8", "dataoper"}) {
+                             "pulisci", "PulStampe", "Esporta", "Command3D8", "dataoper"}) {
       QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
       QCOMPARE(QApplication::focusWidget()->objectName(), QString(next));
     }

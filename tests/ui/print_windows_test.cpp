@@ -300,7 +300,7 @@ class PrintWindowsTest : public QObject {
     QVERIFY(f.prompter.messages.empty() && QApplication::overrideCursor() == nullptr);
   }
 
-  void movementWindowPrintsTheListAsShown() {
+  void movementWindowPrintsAndExportsTheListAsShown() {
     Fixture f;
     QAction* entry = f.frame->action("Stampe");
     pick(child<QComboBox>(f.frame.get(), "Combo1"), "100 ");
@@ -320,6 +320,25 @@ class PrintWindowsTest : public QObject {
                    p.dates.contains("dal 02/11/2026 al 30/11/2026"),
                qPrintable(p.dates));
     }
+    // "Esporta" and "Esporta..." write the same list, as a table: the header and one row a
+    // movement shown, in a file the user names (".csv" added when missing).
+    QStringList suggested;
+    f.frame->chooseCsvFile = [&](QWidget*, const QString& name) {
+      suggested << name;
+      return QString::fromStdString(f.temp.file(suggested.size() == 1 ? "elenco" : "menu.csv"));
+    };
+    press(form9, "Esporta");
+    chooseMenu(f.frame.get(), "&File", "Esporta...");
+    QCOMPARE(suggested, QStringList({"Movimenti 100.csv", "Movimenti 100.csv"}));
+    const test::Bytes table = f.temp.read("elenco.csv");
+    QCOMPARE(table, f.temp.read("menu.csv"));
+    const QStringList rows = QString::fromUtf8(reinterpret_cast<const char*>(table.data()),
+                                               static_cast<qsizetype>(table.size()))
+                                 .split("\r\n", Qt::SkipEmptyParts);
+    QCOMPARE(rows, (QStringList{"\uFEFFData;Numero;Causale;Descrizione causale;Documento;"
+                                "Descrizione;Dare;Avere;Saldo",
+                                "10/11/2026;3;SP;Spesa;;;50,00;;650,00",
+                                "05/11/2026;2;AF;Affitto;;;300,00;;700,00"}));
     // Without the movement window there is nothing to print. Its "Esci" leaves the account:
     // the selector and the panel are empty, as after "Chiudi".
     press(form9, "Command3D8");
