@@ -3,6 +3,7 @@
 #include <unordered_map>
 
 #include "archive/tables.h"
+#include "common/csv.h"
 #include "common/dates.h"
 #include "common/number_masks.h"
 #include "common/text.h"
@@ -69,7 +70,7 @@ bool queryDatesAccepted(const QueryFilter& filter, Prompter& prompter) {
 QueryResult runMovementQuery(
     const DataDirectory& dir, const std::vector<Account>& accounts,
     const std::vector<Causale>& causali, const QueryFilter& filter,
-    const std::function<void(std::size_t done, std::size_t total)>& progress) {
+    const std::function<void(std::size_t done, std::size_t total)>& progress, bool fields) {
   std::size_t done = 0;
   const std::int32_t from = dateKey(filter.from);
   const std::int32_t to = dateKey(filter.to);
@@ -104,16 +105,40 @@ QueryResult runMovementQuery(
       (trim(m.sign) == "D" ? result.debits : result.credits) += m.amount;
       ++result.count;
       result.rows.push_back(rowOf(m, causale, code));
+      if (fields) {
+        result.movements.push_back({trim(m.operationDate), m.movementNumber, code, causale,
+                                    trim(m.description), m.amount, trim(m.sign) == "D"});
+      }
     }
   }
   addClosingRows(result);
   std::vector<std::string> sorted;
   sorted.reserve(result.rows.size());
+  std::vector<QueryMovement> sortedMovements;
+  sortedMovements.reserve(result.movements.size());
   for (const std::uint32_t i : orderAsText(result.rows)) {
     sorted.push_back(std::move(result.rows[i]));
+    if (i < result.movements.size()) {  // the movements' rows come before the closing rows
+      sortedMovements.push_back(std::move(result.movements[i]));
+    }
   }
   result.rows = std::move(sorted);
+  result.movements = std::move(sortedMovements);
   return result;
+}
+
+std::string queryCsv(const std::vector<QueryMovement>& movements) {
+  CsvTable table({"Data", "Numero", "Conto", "Causale", "Descrizione", "Dare", "Avere"});
+  for (const QueryMovement& m : movements) {
+    table.text(m.date).whole(m.number).text(m.account).text(m.causale).text(m.description);
+    if (m.debit) {
+      table.number(m.amount).empty();
+    } else {
+      table.empty().number(m.amount);
+    }
+    table.endRow();
+  }
+  return table.bytes();
 }
 
 namespace {

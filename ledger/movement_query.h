@@ -31,23 +31,39 @@ struct QueryFilter {
 // same text (both compared without their trailing blanks).
 bool filterPasses(const std::string& filter, const std::string& value);
 
-struct QueryResult {
-  std::vector<std::string> rows;  // as `lista` shows them, closing rows included
-  std::size_t count = 0;          // movements listed
-  double debits = 0.0;            // "D" movements
-  double credits = 0.0;           // the others
+// A movement the query lists, field by field.
+struct QueryMovement {
+  std::string date;
+  std::int16_t number = 0;
+  std::string account;
+  std::string causale;  // its description (the code when it is not in the table)
+  std::string description;
+  double amount = 0.0;
+  bool debit = false;
 };
+
+struct QueryResult {
+  std::vector<std::string> rows;         // as `lista` shows them, closing rows included
+  std::size_t count = 0;                 // movements listed
+  double debits = 0.0;                   // "D" movements
+  double credits = 0.0;                  // the others
+  std::vector<QueryMovement> movements;  // in the order of `rows`, when asked for
+};
+
+// The movements of a query as a table for a spreadsheet, in the order the query lists them.
+std::string queryCsv(const std::vector<QueryMovement>& movements);
 
 // The checks of `saldi` before the query: a date left empty ("Campo data operazione
 // obbligatorio") and then the date rules. False after the message.
 bool queryDatesAccepted(const QueryFilter& filter, Prompter& prompter);
 
 // Runs the query. The account files are read, never written. `progress` hears of each account
-// done (for a long archive).
+// done (for a long archive). With `fields` the result also holds each movement field by field.
 QueryResult runMovementQuery(
     const DataDirectory& dir, const std::vector<Account>& accounts,
     const std::vector<Causale>& causali, const QueryFilter& filter,
-    const std::function<void(std::size_t done, std::size_t total)>& progress = {});
+    const std::function<void(std::size_t done, std::size_t total)>& progress = {},
+    bool fields = false);
 
 // The items of a filter: " Tutte", then every description in table order.
 std::vector<std::string> filterItems(const std::vector<std::string>& descriptions);

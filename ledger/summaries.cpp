@@ -2,6 +2,7 @@
 
 #include "archive/account_totals.h"
 #include "archive/tables.h"
+#include "common/csv.h"
 #include "common/dates.h"
 #include "common/number_masks.h"
 #include "common/text.h"
@@ -133,6 +134,26 @@ SummaryView Summaries::view(SummaryKind kind, const std::string& category) const
       break;
   }
   return accountsView(accountSummary(accounts_, balances_, category));
+}
+
+std::string Summaries::csv(SummaryKind kind, const std::string& category) const {
+  if (kind == SummaryKind::Accounts) {
+    CsvTable table({"Conto", "Nome", "Saldo", "Fido", "Disponibile"});
+    for (const AccountSummaryLine& line : accountSummary(accounts_, balances_, category)) {
+      table.text(trim(line.code)).text(trim(line.name)).number(line.balance);
+      table.number(line.creditLine).number(line.balance + line.creditLine);
+      table.endRow();
+    }
+    return table.bytes();
+  }
+  const bool byCategory = kind == SummaryKind::Categories;
+  CsvTable table({byCategory ? "Categoria" : "Gruppo", "Saldo"});
+  for (const SummaryLine& line : byCategory ? categorySummary(categories_, accounts_, balances_)
+                                            : groupSummary(groups_, accounts_, balances_)) {
+    table.text(trim(line.description)).number(line.total);
+    table.endRow();
+  }
+  return table.bytes();
 }
 
 Report Summaries::report(SummaryKind kind, const std::string& category) const {

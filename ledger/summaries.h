@@ -55,6 +55,9 @@ class Summaries {
   std::vector<std::string> categoryItems() const;
   SummaryView view(SummaryKind kind, const std::string& category) const;
   Report report(SummaryKind kind, const std::string& category) const;
+  // The rows of the view as a table for a spreadsheet: each account with its balance, credit
+  // line and available amount; or each category (group) with its balance.
+  std::string csv(SummaryKind kind, const std::string& category) const;
 
  private:
   std::vector<Account> accounts_;

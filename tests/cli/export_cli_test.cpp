@@ -71,5 +71,25 @@ TEST_F(ExportCliTest, TheMovementListAsASpreadsheetReadsIt) {
   EXPECT_EQ(cli({"movimenti", "100", "--csv", out.path() + "manca/x.csv"}).exitCode, 2);
 }
 
+TEST_F(ExportCliTest, TheQueryAndTheSummariesAsASpreadsheetReadsThem) {
+  ASSERT_EQ(cli({"interroga", "--dal", "01/11/2026", "--al", "05/11/2026", "--csv",
+                 out.path() + "interroga.csv"})
+                .exitCode,
+            0);
+  EXPECT_EQ(textOf(out.read("interroga.csv")),
+            "\xEF\xBB\xBF"
+            "Data;Numero;Conto;Causale;Descrizione;Dare;Avere\r\n"
+            "05/11/2026;2;100;Affitto;'-affitto;300,50;\r\n"
+            "01/11/2026;1;100;Stipendio;\"Societ\xC3\xA0 \"\"Alfa\"\"; novembre\";;1000,00\r\n");
+  ASSERT_EQ(cli({"riepilogo", "conti", "--csv", out.path() + "conti.csv"}).exitCode, 0);
+  EXPECT_EQ(textOf(out.read("conti.csv")),
+            "\xEF\xBB\xBF"
+            "Conto;Nome;Saldo;Fido;Disponibile\r\n100;;849,50;0,00;849,50\r\n");
+  ASSERT_EQ(cli({"riepilogo", "gruppi", "--csv", out.path() + "gruppi.csv"}).exitCode, 0);
+  EXPECT_EQ(textOf(out.read("gruppi.csv")),
+            "\xEF\xBB\xBF"
+            "Gruppo;Saldo\r\n");
+}
+
 }  // namespace
 }  // namespace contavia
