@@ -98,6 +98,10 @@ MovementQueryWindow::MovementQueryWindow(Session& session, PrintHooks hooks, QWi
   print_ = pushButton("Stampa", "Stampa");
   print_->setEnabled(false);  // until a list is shown
   connect(print_, &QPushButton::clicked, this, &MovementQueryWindow::print);
+  export_ = pushButton("Esporta", "Esporta");
+  export_->setEnabled(false);  // until a list is shown
+  export_->setToolTip("Esporta i movimenti trovati in un file per un foglio di calcolo");
+  connect(export_, &QPushButton::clicked, this, &MovementQueryWindow::exportRows);
   QPushButton* printer = pushButton("Stampante...", "PulStampe");
   connect(printer, &QPushButton::clicked, this, [this] { hooks_.printerSetup(this); });
   QPushButton* close = pushButton("Esci", "esci");
@@ -106,6 +110,7 @@ MovementQueryWindow::MovementQueryWindow(Session& session, PrintHooks hooks, QWi
   buttons->addWidget(run);
   buttons->addStretch(1);
   buttons->addWidget(print_);
+  buttons->addWidget(export_);
   buttons->addWidget(printer);
   buttons->addWidget(close);
 
@@ -157,6 +162,19 @@ void MovementQueryWindow::runQuery() {
   shownFilter_ = filter;
   list_->scrollToTop();
   print_->setEnabled(true);
+  export_->setEnabled(true);
+}
+
+// The movements of the list shown, field by field: the query runs again for them (holding them
+// beside every list would double the memory of a long one).
+void MovementQueryWindow::exportRows() {
+  hooks_.exportTable(this, "Totale movimenti.csv", [this] {
+    BusyWork busy(this, "Esportazione dei movimenti...");
+    return queryCsv(runMovementQuery(session_.dir(), session_.tables().accounts,
+                                     session_.tables().causali, shownFilter_, busy.progress(),
+                                     /*fields=*/true)
+                        .movements);
+  });
 }
 
 void MovementQueryWindow::print() {

@@ -31,6 +31,7 @@ class MovementQueryWindow : public QDialog {
   void fillGroups();
   void runQuery();
   void print();
+  void exportRows();
 
   Session& session_;
   PrintHooks hooks_;
@@ -44,6 +45,7 @@ class MovementQueryWindow : public QDialog {
   QComboBox* categories_ = nullptr;
   QListView* list_ = nullptr;
   QPushButton* print_ = nullptr;
+  QPushButton* export_ = nullptr;
 };
 
 }  // namespace contavia::ui

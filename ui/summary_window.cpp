@@ -91,6 +91,12 @@ SummaryWindow::SummaryWindow(Session& session, PrintHooks hooks, QWidget* parent
   QPushButton* print = pushButton("Stampa", "PulStampe");
   connect(print, &QPushButton::clicked, this,
           [this] { hooks_.preview(this, summaries_->report(kind_, category())); });
+  QPushButton* exportButton = pushButton("Esporta", "Esporta");
+  exportButton->setToolTip("Esporta la vista in un file per un foglio di calcolo");
+  connect(exportButton, &QPushButton::clicked, this, [this] {
+    hooks_.exportTable(this, "Totale conti.csv",
+                       [this] { return summaries_->csv(kind_, category()); });
+  });
   QPushButton* close = pushButton("Esci", "esci");
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   auto* buttons = new QHBoxLayout;
@@ -99,6 +105,7 @@ SummaryWindow::SummaryWindow(Session& session, PrintHooks hooks, QWidget* parent
   }
   buttons->addStretch(1);
   buttons->addWidget(print);
+  buttons->addWidget(exportButton);
   buttons->addWidget(close);
 
   auto* layout = new QVBoxLayout(this);

@@ -106,7 +106,17 @@ class PrintWindowsTest : public QObject {
         realPreview = f.preview;
         f.preview = [this](QWidget*, const Report& r) { previewed.push_back(r); };
         f.printerSetup = [this](QWidget*) { ++printerDialogs; };
+        f.chooseCsvFile = [this](QWidget*, const QString&) {
+          return QString::fromStdString(temp.file("esportato"));  // ".csv" added
+        };
       });
+    }
+    // The rows of the last table exported, its byte-order mark dropped.
+    QStringList exported() const {
+      const Bytes bytes = temp.read("esportato.csv");
+      return QString::fromUtf8(reinterpret_cast<const char*>(bytes.data()) + 3,
+                               static_cast<qsizetype>(bytes.size()) - 3)
+          .split("\r\n", Qt::SkipEmptyParts);
     }
     Printed last() const { return printed(previewed.at(previewed.size() - 1)); }
   };
@@ -241,6 +251,10 @@ class PrintWindowsTest : public QObject {
           QCOMPARE(f.last().lines,
                    simplified(rowsOf(list).replaceInStrings(QRegularExpression("^.{7}"), "")));
           QCOMPARE(f.last().pages, std::size_t{1});
+          // Exported: the same movements, field by field.
+          press(form, "Esporta");
+          QCOMPARE(f.exported(), (QStringList{"Data;Numero;Conto;Causale;Descrizione;Dare;Avere",
+                                              "05/11/2026;2;100;Affitto;;300,00;"}));
         });
     QVERIFY(QApplication::overrideCursor() == nullptr);
     inModal(
@@ -296,6 +310,9 @@ class PrintWindowsTest : public QObject {
           press(form, "PulStampe");
           QVERIFY(f.last().dates.contains("Tipo di Conto: Contanti"));
           QCOMPARE(f.last().lines.size(), 2);  // the account and the totals
+          press(form, "Esporta");
+          QCOMPARE(f.exported(), (QStringList{"Conto;Nome;Saldo;Fido;Disponibile",
+                                              "200;Cassa Perù;-10,00;0,00;-10,00"}));
         });
     QVERIFY(f.prompter.messages.empty() && QApplication::overrideCursor() == nullptr);
   }
