@@ -24,18 +24,20 @@ void CsvTable::separate() {
 
 CsvTable& CsvTable::text(std::string_view value) {
   separate();
-  std::string field;
-  if (!value.empty() &&
-      (value[0] == '=' || value[0] == '+' || value[0] == '-' || value[0] == '@')) {
-    field += '\'';
+  const bool guarded =
+      !value.empty() && (value[0] == '=' || value[0] == '+' || value[0] == '-' || value[0] == '@');
+  const bool quoted = value.find_first_of(";\"\r\n") != std::string_view::npos;
+  if (quoted) {
+    bytes_ += '"';
   }
-  field += value;
-  if (field.find_first_of(";\"\r\n") == std::string::npos) {
-    bytes_ += field;
+  if (guarded) {
+    bytes_ += '\'';
+  }
+  if (!quoted) {
+    bytes_ += value;
     return *this;
   }
-  bytes_ += '"';
-  for (const char c : field) {
+  for (const char c : value) {
     bytes_ += c;
     if (c == '"') {
       bytes_ += '"';

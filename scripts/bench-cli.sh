@@ -63,6 +63,11 @@ line "[1.000 x 1.000] archive_tool somma (floor: read and sum)" "$floor" "$floor
 line "[1.000 x 1.000] archive_tool elenca (floor + one line a movement)" "$listing" "$floor"
 line "[1.000 x 1.000] contavia-cli riepilogo conti" "$summary" "$floor"
 line "[1.000 x 1.000] contavia-cli interroga, every date (to elenca)" "$query" "$listing"
+exported=$(mktemp)
+queryCsv=$(median "$cli" --dati "$folder" "${today[@]}" interroga --dal 01/01/2020 --al 31/12/2030 \
+  --csv "$exported")
+rm -f "$exported"
+line "[1.000 x 1.000] contavia-cli interroga --csv (to interroga)" "$queryCsv" "$query"
 
 copies=$(mktemp -d)
 floorCopies=$(mktemp -d)
