@@ -1,37 +1,11 @@
 #include "ledger/movement_export.h"
 
-#include <algorithm>
-#include <numeric>
-
 #include "common/csv.h"
 #include "common/text.h"
+#include "ledger/balance_history.h"
 #include "ledger/causale_index.h"
 
 namespace contavia {
-namespace {
-
-// The account's balance after each movement (0-based, file order).
-std::vector<double> runningBalances(const MovementRecords& movements, std::int32_t carry) {
-  std::vector<std::size_t> order(movements.size());
-  std::iota(order.begin(), order.end(), 0);
-  std::vector<std::int32_t> keys(movements.size());
-  for (std::size_t i = 0; i < movements.size(); ++i) {
-    keys[i] = movements[i].dateKey();
-  }
-  std::stable_sort(order.begin(), order.end(),
-                   [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
-  std::vector<double> after(movements.size());
-  double balance = carry;
-  for (const std::size_t i : order) {
-    const MovementView m = movements[i];
-    balance += m.isCredit() ? m.amount() : -m.amount();
-    after[i] = balance;
-  }
-  return after;
-}
-
-}  // namespace
-
 std::string movementListCsv(const OpenAccount& account, const MovementList& list,
                             const std::vector<Causale>& causali) {
   CsvTable table({"Data", "Numero", "Causale", "Descrizione causale", "Documento", "Descrizione",
@@ -43,7 +17,10 @@ std::string movementListCsv(const OpenAccount& account, const MovementList& list
     table.text("Riporto Chiusura precedente").empty().empty().number(carry.carryAmount);
     table.endRow();
   }
-  const std::vector<double> balances = runningBalances(movements, carry.carryAmount);
+  std::vector<double> balances(movements.size());
+  for (const BalanceStep& step : balanceHistory(movements, carry.carryAmount)) {
+    balances[step.movement] = step.balance;
+  }
   const CausaleIndex index(causali);
   std::string scratch;
   for (std::size_t row = 0; row < list.lines.size(); ++row) {
