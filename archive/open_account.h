@@ -37,6 +37,7 @@ class OpenAccount {
   const Damage& damage() const { return damage_; }
 
   const std::string& code() const { return code_; }
+  const std::string& creditLine() const { return creditLine_; }
   std::string filePath(const char* extension) const;
 
   // The movements as their records; `movement` decodes movement `number` (1-based).

@@ -10,13 +10,12 @@
 
 namespace contavia {
 
-BalanceChart balanceChart(const OpenAccount& account, std::int32_t todayKey,
-                          std::string_view creditLine) {
+BalanceChart balanceChart(const OpenAccount& account, std::int32_t todayKey) {
   BalanceChart chart;
   const CarryForward& carry = account.carryForward();
   chart.startDate = trim(carry.carryDate);
   chart.start = carry.carryAmount;
-  if (const double credit = val(creditLine); credit > 0.0) {
+  if (const double credit = val(account.creditLine()); credit > 0.0) {
     chart.creditFloor = -credit;
   }
   const MovementRecords& movements = account.movements();

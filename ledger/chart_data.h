@@ -28,8 +28,7 @@ struct BalanceChart {
   std::optional<double> creditFloor;
 };
 
-BalanceChart balanceChart(const OpenAccount& account, std::int32_t todayKey,
-                          std::string_view creditLine);
+BalanceChart balanceChart(const OpenAccount& account, std::int32_t todayKey);
 
 struct ChartAxis {
   double low = 0.0;

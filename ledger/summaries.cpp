@@ -156,6 +156,23 @@ std::string Summaries::csv(SummaryKind kind, const std::string& category) const 
   return table.bytes();
 }
 
+std::vector<std::pair<std::string, double>> Summaries::bars(SummaryKind kind,
+                                                            const std::string& category) const {
+  std::vector<std::pair<std::string, double>> out;
+  if (kind == SummaryKind::Accounts) {
+    for (const AccountSummaryLine& line : accountSummary(accounts_, balances_, category)) {
+      out.emplace_back(trim(line.code), line.balance);
+    }
+    return out;
+  }
+  for (const SummaryLine& line : kind == SummaryKind::Categories
+                                     ? categorySummary(categories_, accounts_, balances_)
+                                     : groupSummary(groups_, accounts_, balances_)) {
+    out.emplace_back(trim(line.description), line.total);
+  }
+  return out;
+}
+
 Report Summaries::report(SummaryKind kind, const std::string& category) const {
   switch (kind) {
     case SummaryKind::Categories:

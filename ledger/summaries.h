@@ -58,6 +58,9 @@ class Summaries {
   // The rows of the view as a table for a spreadsheet: each account with its balance, credit
   // line and available amount; or each category (group) with its balance.
   std::string csv(SummaryKind kind, const std::string& category) const;
+  // The balances of the view for a bar chart: each account (its code) or each category (group).
+  std::vector<std::pair<std::string, double>> bars(SummaryKind kind,
+                                                   const std::string& category) const;
 
  private:
   std::vector<Account> accounts_;

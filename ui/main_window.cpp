@@ -22,6 +22,7 @@
 #include "masterdata/account_item.h"
 #include "ui/account_panel.h"
 #include "ui/backup_window.h"
+#include "ui/chart_window.h"
 #include "ui/closing_window.h"
 #include "ui/help_key.h"
 #include "ui/help_window.h"
@@ -381,6 +382,9 @@ PrintHooks MainWindow::printHooks() {
       [this](QWidget* parent) { printerSetup(parent); },
       [this](QWidget* parent, const QString& suggested, const std::function<std::string()>& table) {
         exportTable(parent, chooseCsvFile, session_.prompter(), suggested, table);
+      },
+      [this](QWidget* parent, ChartModel model) {
+        ChartWindow(std::move(model), choosePdfFile, session_.prompter(), parent).exec();
       }};
 }
 

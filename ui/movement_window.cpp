@@ -16,10 +16,12 @@
 #include "common/dates.h"
 #include "common/key_rules.h"
 #include "common/text.h"
+#include "ledger/chart_data.h"
 #include "ledger/movement_entry.h"
 #include "ledger/movement_export.h"
 #include "ledger/printed_lists.h"
 #include "ui/causale_picker.h"
+#include "ui/chart_window.h"
 #include "ui/widget_helpers.h"
 
 namespace contavia::ui {
@@ -188,6 +190,9 @@ void MovementWindow::build() {
   delete_ = named(new QPushButton("Cancella"), "del");
   auto* print = named(new QPushButton("Stampa"), "PulStampe");
   connect(print, &QPushButton::clicked, this, &MovementWindow::print);
+  auto* chart = named(new QPushButton("Grafico"), "Grafico");
+  chart->setToolTip("Il saldo del conto nel tempo");
+  connect(chart, &QPushButton::clicked, this, &MovementWindow::showChart);
   auto* exportButton = named(new QPushButton("Esporta"), "Esporta");
   exportButton->setToolTip("Esporta l'elenco in un file per un foglio di calcolo");
   connect(exportButton, &QPushButton::clicked, this, &MovementWindow::exportList);
@@ -207,7 +212,7 @@ void MovementWindow::build() {
     }
   });
   auto* buttons = new QHBoxLayout;
-  for (QPushButton* b : {ok_, clear_, delete_, print, exportButton, close}) {
+  for (QPushButton* b : {ok_, clear_, delete_, print, exportButton, chart, close}) {
     enterClicks(b);
     buttons->addWidget(b);
   }
@@ -224,7 +229,7 @@ void MovementWindow::build() {
   const std::initializer_list<QWidget*> order = {
       from_,    to_,     causaleFilter_, filterButton, list_,        date_,
       causale_, pick,    amount_,        document_,    description_, ok_,
-      clear_,   delete_, print,          exportButton, close};
+      clear_,   delete_, print,          exportButton, chart,        close};
   for (auto at = order.begin(); std::next(at) != order.end(); ++at) {
     setTabOrder(*at, *std::next(at));
   }
@@ -293,6 +298,14 @@ void MovementWindow::refresh() {
 }
 
 void MovementWindow::print() { hooks_.preview(this, workingAccountReport(session_, *entry_)); }
+
+void MovementWindow::showChart() {
+  const OpenAccount& account = *session_.account();
+  ChartModel model;
+  model.title = "Saldo del conto " + qs(account.code());
+  model.balance = balanceChart(account, dateKey(session_.clock().todayText()));
+  hooks_.showChart(this, std::move(model));
+}
 
 void MovementWindow::exportList() {
   hooks_.exportTable(this, "Movimenti " + qs(session_.currentAccountCode()) + ".csv", [this] {

@@ -34,6 +34,8 @@ class MovementWindow : public QWidget {
   void print();
   // "Esporta": the list as shown, as a table for a spreadsheet.
   void exportList();
+  // "Grafico": the account's balance over time.
+  void showChart();
 
  signals:
   // The balances or the movements changed: the main window refreshes its panels.

@@ -20,6 +20,8 @@ namespace contavia::ui {
 // What the print buttons of a window call: the preview of a report, and the platform's printer
 // dialog (printer choice and settings; cancelling it is harmless). The main window hands them to
 // the windows it opens.
+struct ChartModel;
+
 struct PrintHooks {
   std::function<void(QWidget* parent, const Report& report)> preview;
   std::function<void(QWidget* parent)> printerSetup;
@@ -27,6 +29,8 @@ struct PrintHooks {
   std::function<void(QWidget* parent, const QString& suggested,
                      const std::function<std::string()>& table)>
       exportTable;
+  // "Grafico": the chart window over `parent`.
+  std::function<void(QWidget* parent, ChartModel model)> showChart;
 };
 
 // The printer of the program: the system default until the printer set-up chooses another.

@@ -12,6 +12,7 @@
 
 #include "archive/session.h"
 #include "ui/busy_work.h"
+#include "ui/chart_window.h"
 #include "ui/lines_model.h"
 #include "ui/widget_helpers.h"
 
@@ -97,6 +98,17 @@ SummaryWindow::SummaryWindow(Session& session, PrintHooks hooks, QWidget* parent
     hooks_.exportTable(this, "Totale conti.csv",
                        [this] { return summaries_->csv(kind_, category()); });
   });
+  QPushButton* chart = pushButton("Grafico", "Grafico");
+  chart->setToolTip("I saldi della vista come barre");
+  connect(chart, &QPushButton::clicked, this, [this] {
+    static const char* const kTitles[] = {"Saldi dei conti", "Saldi per categoria",
+                                          "Saldi per gruppo"};
+    ChartModel model;
+    model.title = kTitles[static_cast<int>(kind_)];
+    model.line = false;
+    model.bars = summaries_->bars(kind_, category());
+    hooks_.showChart(this, std::move(model));
+  });
   QPushButton* close = pushButton("Esci", "esci");
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   auto* buttons = new QHBoxLayout;
@@ -106,6 +118,7 @@ SummaryWindow::SummaryWindow(Session& session, PrintHooks hooks, QWidget* parent
   buttons->addStretch(1);
   buttons->addWidget(print);
   buttons->addWidget(exportButton);
+  buttons->addWidget(chart);
   buttons->addWidget(close);
 
   auto* layout = new QVBoxLayout(this);

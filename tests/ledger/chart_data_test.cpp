@@ -15,7 +15,7 @@ class ChartDataTest : public test::ArchiveTest {
   BalanceChart chartOf(const std::string& code, const std::string& creditLine = "") {
     OpenAccount account(dir, clock, code, creditLine);
     account.load();
-    return balanceChart(account, dateKey("21/11/2026"), creditLine);
+    return balanceChart(account, dateKey("21/11/2026"));
   }
 };
 

@@ -313,8 +313,9 @@ class MainWindowTest : public QObject {
     // The window opens on the date of a new movement; Tab goes through the row as it is shown,
     // and from the last button round to the date again.
     QCOMPARE(QApplication::focusWidget()->objectName(), QString("dataoper"));
-    for (const char* next : {"Causale", "command3d1", "IMPORTO", "NrDoc", "DescMovim", "ok",
-                             "pulisci", "PulStampe", "Esporta", "Command3D8", "dataoper"}) {
+    for (const char* next :
+         {"Causale", "command3d1", "IMPORTO", "NrDoc", "DescMovim", "ok", "pulisci", "PulStampe",
+          "Esporta", "Grafico", "Command3D8", "dataoper"}) {
       QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
       QCOMPARE(QApplication::focusWidget()->objectName(), QString(next));
     }

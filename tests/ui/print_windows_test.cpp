@@ -58,6 +58,21 @@ QStringList queried(const QStringList& rows) {
   return out;
 }
 
+// The values the chart window shows as the pointer crosses its chart from left to right, each
+// once.
+QStringList pointedAcross(QWidget* chartWindow) {
+  auto* view = child<QWidget>(chartWindow, "AreaGrafico");
+  auto* value = child<QLabel>(chartWindow, "ValoreSottoPuntatore");
+  QStringList seen;
+  for (int x = 0; x < view->width(); x += 4) {
+    QTest::mouseMove(view, QPoint(x, view->height() / 2));
+    if (seen.isEmpty() || seen.last() != value->text()) {
+      seen << value->text();
+    }
+  }
+  return seen;
+}
+
 void press(QWidget* window, const QString& button) {
   click(child<QAbstractButton>(window, button));
 }
@@ -301,6 +316,13 @@ class PrintWindowsTest : public QObject {
             QVERIFY2(f.last().lines.contains(line), qPrintable(f.last().lines.join('\n')));
             QCOMPARE(f.last().pages, std::size_t{1});
           }
+          // "Grafico": the view shown as bars, its values read under the pointer.
+          inModal([&] { press(form, "Grafico"); },
+                  [&](QWidget* chart) {
+                    QCOMPARE(chart->windowTitle(), QString("Saldi dei conti"));
+                    const QStringList seen = pointedAcross(chart);
+                    QCOMPARE(seen, (QStringList{"100: 550,00", "200: -10,00"}));
+                  });
           // A category chosen in the filter shows its accounts, from any view.
           press(form, "Gruppi");
           pick(child<QComboBox>(form, "Combo1"), "Contanti");
@@ -337,6 +359,22 @@ class PrintWindowsTest : public QObject {
                    p.dates.contains("dal 02/11/2026 al 30/11/2026"),
                qPrintable(p.dates));
     }
+    // "Grafico": the balance over time, read under the pointer from left to right, the future
+    // movement apart; saved as a PDF.
+    f.frame->choosePdfFile = [&](QWidget*, const QString&) {
+      return QString::fromStdString(f.temp.file("grafico.pdf"));
+    };
+    inModal([&] { press(form9, "Grafico"); },
+            [&](QWidget* chart) {
+              QCOMPARE(chart->windowTitle(), QString("Saldo del conto 100"));
+              QCOMPARE(
+                  pointedAcross(chart),
+                  (QStringList{"01/11/2026: 1.000,00", "05/11/2026: 700,00", "10/11/2026: 650,00",
+                               "01/12/2026: 550,00 (movimenti futuri)"}));
+              press(chart, "SalvaPdf");
+              const Bytes pdf = f.temp.read("grafico.pdf");
+              QVERIFY(pdf.size() > 1000 && std::string(pdf.begin(), pdf.begin() + 5) == "%PDF-");
+            });
     // "Esporta" and "Esporta..." write the same list, as a table: the header and one row a
     // movement shown, in a file the user names (".csv" added when missing).
     QStringList suggested;
