@@ -9,7 +9,9 @@
 #include "bench/generator/archive_generator.h"
 #include "bench/plain_floor.h"
 #include "common/clock.h"
+#include "common/dates.h"
 #include "common/prompter.h"
+#include "ledger/chart_data.h"
 #include "ledger/movement_entry.h"
 #include "ledger/movement_list.h"
 
@@ -68,6 +70,18 @@ void BM_Floor_ReadSortPrint10000(benchmark::State& state) {
   std::fclose(out);
 }
 BENCHMARK(BM_Floor_ReadSortPrint10000)->Unit(benchmark::kMillisecond);
+
+// The numbers of the balance chart of the account (one point a date), beside the floor above.
+void BM_BalanceChart10000(benchmark::State& state) {
+  LargeAccount& a = largeAccount();
+  a.session.openAccount(0);
+  const OpenAccount& account = *a.session.account();
+  const std::int32_t today = dateKey("21/11/2026");
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(balanceChart(account, today).points.data());
+  }
+}
+BENCHMARK(BM_BalanceChart10000)->Unit(benchmark::kMillisecond);
 
 void BM_BuildList(benchmark::State& state) {
   LargeAccount& a = largeAccount();
