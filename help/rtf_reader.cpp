@@ -562,22 +562,28 @@ class Reader {
     return index >= 0 && i < fonts_.size() && fonts_[i].fixedPitch;
   }
 
+  // Opens the tags of `f`; the tags that close them, in the reverse order, wait in spanClose_.
   void openSpan(const CharFormat& f) {
     spanFormat_ = f;
     spanOpen_ = true;
+    spanClose_.clear();
+    const auto open = [this](const std::string& tag, const char* close) {
+      paragraph_ += tag;
+      spanClose_.insert(0, close);
+    };
     if (!f.link.empty()) {
-      paragraph_ += "<a href=\"";
-      appendHtmlEscaped(paragraph_, f.link);
-      paragraph_ += "\">";
+      std::string tag = "<a href=\"";
+      appendHtmlEscaped(tag, f.link);
+      open(tag + "\">", "</a>");
     }
     if (f.bold) {
-      paragraph_ += "<b>";
+      open("<b>", "</b>");
     }
     if (f.italic) {
-      paragraph_ += "<i>";
+      open("<i>", "</i>");
     }
     if (f.underline) {
-      paragraph_ += "<u>";
+      open("<u>", "</u>");
     }
     std::string style;
     if (f.font != defaultFont_) {
@@ -596,31 +602,15 @@ class Reader {
     }
     if (!style.empty()) {
       style.pop_back();
-      paragraph_ += "<span style=\"" + style + "\">";
+      open("<span style=\"" + style + "\">", "</span>");
     }
-    spanStyled_ = !style.empty();
   }
 
   void closeSpan() {
-    if (!spanOpen_) {
-      return;
+    if (spanOpen_) {
+      paragraph_ += spanClose_;
+      spanOpen_ = false;
     }
-    if (spanStyled_) {
-      paragraph_ += "</span>";
-    }
-    if (spanFormat_.underline) {
-      paragraph_ += "</u>";
-    }
-    if (spanFormat_.italic) {
-      paragraph_ += "</i>";
-    }
-    if (spanFormat_.bold) {
-      paragraph_ += "</b>";
-    }
-    if (!spanFormat_.link.empty()) {
-      paragraph_ += "</a>";
-    }
-    spanOpen_ = false;
   }
 
   // The paragraph's text so far, with its tags closed.
@@ -733,7 +723,7 @@ class Reader {
   std::string paragraph_;
   std::string anchor_;  // bookmarks waiting for the next text
   bool spanOpen_ = false;
-  bool spanStyled_ = false;
+  std::string spanClose_;  // the closing tags of the open span
   CharFormat spanFormat_;
   bool lastWasSpace_ = false;
   std::string cell_;
